@@ -1,0 +1,32 @@
+#include "kestxml/binding/serialization_limits.h"
+
+#include <utility>
+
+#include "kestxml/values/format_string.h"
+#include "kestxml/values/kest_exception.h"
+
+namespace KestXmlLib20 {
+
+void ThrowTooDeep(std::uint32_t bound, std::u16string path) {
+  throw CKestException(
+      FormatString(u"The document exceeds the limit of %d nested elements.", bound),
+      std::move(path));
+}
+
+void ThrowTooManyAttributes(std::uint32_t bound, std::u16string path) {
+  throw CKestException(FormatString(u"An element exceeds the limit of %d attributes.", bound),
+                       std::move(path));
+}
+
+void ThrowTooManyNamespaceDeclarations(std::uint32_t bound, std::u16string path) {
+  throw CKestException(
+      FormatString(u"An element exceeds the limit of %d namespace declarations.", bound),
+      std::move(path));
+}
+
+void ThrowTooManyElements(std::uint64_t bound, std::u16string path) {
+  throw CKestException(FormatString(u"The document exceeds the limit of %I64u elements.", bound),
+                       std::move(path));
+}
+
+}  // namespace KestXmlLib20

@@ -1,0 +1,54 @@
+// How much of a document the library is willing to take on.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "kestxml/platform/api.h"
+
+namespace KestXmlLib20 {
+
+/// Bounds on what one read or write may use, the same for every format. A bound of 0 is none.
+/// What goes beyond a bound ends the operation in a CKestException that names it.
+class KESTXML_API CSerializationLimits {
+ public:
+  /// Elements nested in each other, on reading and on writing. Default 1,000.
+  std::uint32_t GetMaxDepth() const { return m_maxDepth; }
+  void SetMaxDepth(std::uint32_t value) { m_maxDepth = value; }
+
+  /// Attributes of one element. Default 10,000.
+  std::uint32_t GetMaxAttributes() const { return m_maxAttributes; }
+  void SetMaxAttributes(std::uint32_t value) { m_maxAttributes = value; }
+
+  /// Namespace declarations of one element. Default 10,000.
+  std::uint32_t GetMaxNamespaceDeclarations() const { return m_maxNamespaceDeclarations; }
+  void SetMaxNamespaceDeclarations(std::uint32_t value) { m_maxNamespaceDeclarations = value; }
+
+  /// Bytes that compressed input may grow to. Default 1 GiB.
+  std::uint64_t GetMaxInflatedBytes() const { return m_maxInflatedBytes; }
+  void SetMaxInflatedBytes(std::uint64_t value) { m_maxInflatedBytes = value; }
+
+  /// Elements of one document. Default 0, none.
+  std::uint64_t GetMaxElements() const { return m_maxElements; }
+  void SetMaxElements(std::uint64_t value) { m_maxElements = value; }
+
+ private:
+  std::uint32_t m_maxDepth = 1'000;
+  std::uint32_t m_maxAttributes = 10'000;
+  std::uint32_t m_maxNamespaceDeclarations = 10'000;
+  std::uint64_t m_maxInflatedBytes = std::uint64_t{1} << 30;
+  std::uint64_t m_maxElements = 0;
+};
+
+/// True when @p count is more than @p bound allows; a bound of 0 allows anything.
+constexpr bool ExceedsLimit(std::uint64_t count, std::uint64_t bound) {
+  return bound != 0 && count > bound;
+}
+
+// Each throws the CKestException of its bound; @p path is where in the document, or empty.
+[[noreturn]] void ThrowTooDeep(std::uint32_t bound, std::u16string path);
+[[noreturn]] void ThrowTooManyAttributes(std::uint32_t bound, std::u16string path);
+[[noreturn]] void ThrowTooManyNamespaceDeclarations(std::uint32_t bound, std::u16string path);
+[[noreturn]] void ThrowTooManyElements(std::uint64_t bound, std::u16string path);
+
+}  // namespace KestXmlLib20

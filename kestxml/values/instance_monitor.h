@@ -1,0 +1,12 @@
+// The empty root class of most of the library's classes.
+#pragma once
+
+/// A seam where instances could be counted; it counts nothing.
+class CInstanceMonitor {
+ public:
+  CInstanceMonitor() = default;
+  explicit CInstanceMonitor(char16_t const* /*name*/) {}
+  CInstanceMonitor(CInstanceMonitor const&) {}
+  CInstanceMonitor& operator=(CInstanceMonitor const&) { return *this; }
+  virtual ~CInstanceMonitor() = default;
+};
