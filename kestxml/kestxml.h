@@ -1,9 +1,13 @@
 // Everything that the library offers.
 #pragma once
 
+#include "kestxml/binding/event_sink.h"
+#include "kestxml/binding/register.h"
 #include "kestxml/binding/serialization_context.h"
 #include "kestxml/binding/serialization_limits.h"
+#include "kestxml/binding/xml_object_base.h"
 #include "kestxml/document/output_form.h"
+#include "kestxml/platform/message_channel.h"
 #include "kestxml/values/compression_type.h"
 #include "kestxml/values/critical_section.h"
 #include "kestxml/values/format_string.h"

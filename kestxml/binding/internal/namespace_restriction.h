@@ -1,0 +1,19 @@
+// The test of a namespace against the namespace restriction of a schema wildcard.
+#pragma once
+
+namespace KestXmlLib20::internal {
+
+/// Whether @p ns satisfies @p restriction: "##any", "##other" (not @p target), "##local" (empty),
+/// "##targetNamespace", or anything else, which asks for @p ns to be empty or equal to all of it.
+///
+/// Of a list with blanks only the first token counts; what stands behind the first blank is never
+/// looked at, and @p ns then still passes when it is empty or equal to the whole list. Generated
+/// code gives lists only in a form that a first token decides. No other namespace can pass, and
+/// further turns over the list can't change that, so the result is then false.
+/// A null pointer counts as an empty text.
+bool IsNamespaceValid(char16_t const* ns, char16_t const* restriction, char16_t const* target);
+
+/// @throws CKestInvalidNamespaceException, with an empty path, unless IsNamespaceValid.
+void TestNamespace(char16_t const* ns, char16_t const* restriction, char16_t const* target);
+
+}  // namespace KestXmlLib20::internal

@@ -1,0 +1,137 @@
+// The root of everything that is read from XML or written as XML.
+#pragma once
+
+#include <atomic>
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "kestxml/binding/event_sink.h"
+#include "kestxml/platform/api.h"
+
+namespace KestXmlLib20 {
+
+class CSerializationContext;
+class CXmlElement;
+class CXmlWriter;
+
+/// The base of generated classes, collections and open content: an element name and a reference
+/// count.
+///
+/// Objects are counted. A new one has the count 0, so that the first CSmartPtr makes it 1; Release
+/// deletes the object when the count comes back to 0. The count may be changed by any thread, all
+/// else of an object belongs to one thread at a time.
+///
+/// The first object of the process checks the version given to Register.
+///
+/// The order of the virtual operations is part of the interface to generated code.
+class KESTXML_API CXmlObjectBase : public IEventSink {
+ public:
+  CXmlObjectBase();
+  /// Copies the name and also the reference count: a copy of an object that two CSmartPtr hold
+  /// begins at 2, so a CSmartPtr that takes it does not delete it. The interface has it so; make
+  /// counted copies by building a new object.
+  CXmlObjectBase(CXmlObjectBase const& other);
+  /// Copies as the copy constructor does, so the count of this object is lost: assign only to
+  /// objects that nobody counts.
+  CXmlObjectBase& operator=(CXmlObjectBase const& other);
+
+  /// The object as its base; every implementer returns `this`.
+  virtual CXmlObjectBase* GetBase() = 0;
+  CXmlObjectBase const* GetBase() const { return const_cast<CXmlObjectBase*>(this)->GetBase(); }
+
+  /// Adds one to the count and gives the new count.
+  std::int32_t AddRef() { return m_refCount.fetch_add(1, std::memory_order_relaxed) + 1; }
+  /// Takes one from the count, deletes the object if the count was 1, and gives the new count.
+  std::int32_t Release();
+
+ protected:
+  void OnEvent(CXmlObjectBase* sender, MsgType type, void* data) override;
+
+  /// Runs when Release takes the last count, or where a derived class makes it public.
+  virtual ~CXmlObjectBase();
+
+  /// The namespace under which the object is written when it is the root of a document. The view
+  /// is valid as long as the object is not changed.
+  virtual std::u16string_view GetTargetNamespace() const = 0;
+
+ public:
+  /// The namespace that an owner hands to its element metadata while reading. The view is valid as
+  /// long as the object is not changed.
+  virtual std::u16string_view GetNamespace() const = 0;
+
+ protected:
+  /// Writes the object's attributes into the start tag that @p writer has open. Does nothing here.
+  virtual void AttributesToXml_Int(CXmlWriter* writer, CSerializationContext const& context) const;
+
+  /// Writes the object as an element.
+  /// @param registerNamespaces true only for the root of a document.
+  /// @param namespaceUri the namespace under which the element is opened; terminated, never null.
+  /// @param isOptionalChoice true only for the optional member of a choice.
+  virtual void ToXml_Int(CXmlWriter* writer, bool registerNamespaces, char16_t const* namespaceUri,
+                         CSerializationContext const& context, bool isOptionalChoice) const = 0;
+
+  /// Reads the object from the content of @p element. What was read before a failure stays.
+  /// @param child the child of @p element at which reading starts: the first one when @p element
+  ///   has just been matched, the present one when the object is a group that has no element of
+  ///   its own; null when there is none.
+  /// @param isOptionalChoice true only for the optional member of a choice.
+  /// @returns the next sibling that was not read, null when all were. The same as @p child means
+  ///   that nothing was read.
+  virtual CXmlElement* FromXml_Int(CXmlElement* element, CXmlElement* child,
+                                   CSerializationContext const& context, bool isOptionalChoice) = 0;
+
+  // The same three for any object: friends of this class that do not derive from it reach the
+  // protected operations through them.
+  static void AttributesToXml_Int(CXmlObjectBase const* object, CXmlWriter* writer,
+                                  CSerializationContext const& context);
+  static void ToXml_Int(CXmlObjectBase const* object, CXmlWriter* writer, bool registerNamespaces,
+                        char16_t const* namespaceUri, CSerializationContext const& context,
+                        bool isOptionalChoice);
+  static CXmlElement* FromXml_Int(CXmlObjectBase* object, CXmlElement* element, CXmlElement* child,
+                                  CSerializationContext const& context, bool isOptionalChoice);
+
+  /// The local name under which the object is written, or under which it was last read.
+  std::u16string GetElementName() const { return m_elementName; }
+  void SetElementName(char16_t const* name) { SetElementName(this, name); }
+  static void SetElementName(CXmlObjectBase* object, char16_t const* name);
+
+  // A class that stands for a choice keeps one text, the selection: the name of the property that
+  // is set, empty when none is. Its property setters call these three.
+
+  /// With @p valid false empties the selection; else the selection must be @p name already.
+  /// @throws CKestInvalidStateException for any other selection, the empty one included.
+  static void Choice_SetElementValid(bool valid, char16_t const* name, std::u16string& selection);
+  /// Selects @p name when nothing is selected, even for a null @p value; empties the selection
+  /// when @p name is selected and @p value is null.
+  /// @throws CKestInvalidStateException when another name is selected and @p value is not null.
+  static void Choice_SelectElement(char16_t const* name, CXmlObjectBase* value,
+                                   std::u16string& selection);
+  /// To be called after the collection that is the property @p name changed its size to @p count:
+  /// selects @p name when nothing is selected and the collection has items, and empties the
+  /// selection when @p name is selected and it has none.
+  /// @throws CKestInvalidStateException when another name is selected and @p count is not 0.
+  static void Choice_CollectionChanged(char16_t const* name, std::int32_t count,
+                                       std::u16string& selection);
+
+  /// @throws CKestInvalidParamException when @p value, meant for the property @p name, is null.
+  static void Throw_IfPropertyIsNull(CXmlObjectBase* value, char16_t const* name);
+  /// @throws CKestInvalidParamException when @p value is not null and its element is not @p name.
+  static void Throw_IfElementNameDiffers(CXmlObjectBase* value, char16_t const* name);
+
+  /// Whether @p ns satisfies a wildcard: @p restriction is "##any", "##other" (not @p target),
+  /// "##local" (empty), "##targetNamespace", or a URI, which admits itself and an empty @p ns.
+  /// Of a list with blanks only the first token counts, though an empty @p ns, or one equal to the
+  /// whole list, still passes; any other result is false.
+  static bool IsNamespaceValid(char16_t const* ns, char16_t const* restriction,
+                               char16_t const* target);
+  /// @throws CKestInvalidNamespaceException, with an empty path, unless IsNamespaceValid.
+  static void TestNamespace(char16_t const* ns, char16_t const* restriction,
+                            char16_t const* target);
+
+ private:
+  std::u16string m_elementName;
+  std::atomic<std::int32_t> m_refCount{0};
+};
+
+}  // namespace KestXmlLib20
