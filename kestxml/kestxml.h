@@ -7,6 +7,8 @@
 #include "kestxml/binding/serialization_limits.h"
 #include "kestxml/binding/xml_object_base.h"
 #include "kestxml/document/output_form.h"
+#include "kestxml/document/xml_writer.h"
+#include "kestxml/document/xml_writer_context.h"
 #include "kestxml/platform/message_channel.h"
 #include "kestxml/values/compression_type.h"
 #include "kestxml/values/critical_section.h"
