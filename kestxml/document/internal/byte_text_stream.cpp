@@ -1,0 +1,32 @@
+#include "kestxml/document/internal/byte_text_stream.h"
+
+#include <utility>
+
+#include "kestxml/document/internal/text_bytes.h"
+
+namespace KestXmlLib20::internal {
+
+CByteTextStream::CByteTextStream(XmlEncoding encoding) : CTextStream(encoding) {}
+
+void CByteTextStream::Open() {
+  CTextStream::Open();
+  m_bytes.Clear();
+  m_utf8 = CUtf8Encoder();
+}
+
+void CByteTextStream::Flush() {
+  if (HasByteForm(m_encoding)) AppendBytes(m_buffer, m_encoding, m_utf8, m_bytes);
+  m_buffer.Clear();
+}
+
+void CByteTextStream::Close() {
+  Flush();
+  FinishBytes(m_utf8, m_bytes);
+}
+
+CBinaryData CByteTextStream::TakeBytes() {
+  TestByteForm(m_encoding);
+  return std::exchange(m_bytes, CBinaryData());
+}
+
+}  // namespace KestXmlLib20::internal
