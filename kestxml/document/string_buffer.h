@@ -1,6 +1,7 @@
 // The buffer that text output grows in.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <span>

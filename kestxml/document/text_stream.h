@@ -1,6 +1,8 @@
 // Where the text of a writer goes.
 #pragma once
 
+#include <cstdint>
+
 #include "kestxml/document/output_form.h"
 #include "kestxml/document/string_buffer.h"
 #include "kestxml/platform/api.h"

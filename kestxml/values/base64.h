@@ -1,6 +1,7 @@
 // The base64 form of bytes.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
