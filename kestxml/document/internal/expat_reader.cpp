@@ -1,0 +1,148 @@
+#include "kestxml/document/internal/expat_reader.h"
+
+#include <algorithm>
+#include <cstring>
+#include <new>
+#include <string>
+#include <string_view>
+
+#include "kestxml/values/format_string.h"
+#include "kestxml/values/kest_exception.h"
+
+namespace KestXmlLib20::internal {
+namespace {
+
+static_assert(sizeof(XML_Char) == sizeof(char16_t));
+
+// Stands between URI and local name in the names that Expat reports. No XML text can hold it, and
+// unlike "|" it is one that Expat lets a document's own URIs live beside.
+constexpr char16_t kSeparator = u'\u0001';
+constexpr XML_Char kUtf16[] = {'U', 'T', 'F', '-', '1', '6', 0};
+constexpr std::uint32_t kLargestPiece = std::uint32_t{1} << 30;  // the length of a call is an int
+constexpr std::uint64_t kSmallDocument = std::uint64_t{64} * 1024;
+
+std::size_t Length(XML_Char const* text) {
+  std::size_t length = 0;
+  while (text[length]) ++length;
+  return length;
+}
+
+std::u16string Copy(XML_Char const* text) {
+  if (!text) return {};
+  std::u16string copy(Length(text), u'\0');
+  std::memcpy(copy.data(), text, copy.size() * sizeof(char16_t));
+  return copy;
+}
+
+// A name reads as URI, "|" and local name, and is cut at its first "|": a URI that holds one loses
+// its rest to the local name.
+NameTable::Spelling SpellName(std::u16string_view key) {
+  std::u16string name(key);
+  std::ranges::replace(name, kSeparator, u'|');
+  auto const cut = name.find(u'|');
+  if (cut == std::u16string::npos) return {{}, std::move(name)};
+  return {name.substr(0, cut), name.substr(cut + 1)};
+}
+
+bool BeginsWithByteOrderMark(unsigned char const* data, std::uint32_t length) {
+  return length >= 2 && data[0] == 0xFF && data[1] == 0xFE;
+}
+
+}  // namespace
+
+CExpatReader::CExpatReader(CXmlTree& tree, Options options) : m_tree(tree), m_options(options) {}
+
+CExpatReader::~CExpatReader() {
+  if (!m_isComplete || !m_options.namespaces || m_parsedBytes > kSmallDocument) return;
+  SpareParser() = std::move(m_parser);
+}
+
+CExpatReader::Parser& CExpatReader::SpareParser() {
+  thread_local Parser spare;
+  return spare;
+}
+
+CExpatReader::Parser CExpatReader::TakeParser(bool namespaces, XML_Char const* encoding) {
+  if (!namespaces) return Parser(XML_ParserCreate(encoding));
+  Parser spare = std::move(SpareParser());
+  if (spare && XML_ParserReset(spare.get(), encoding)) return spare;
+  return Parser(XML_ParserCreateNS(encoding, static_cast<XML_Char>(kSeparator)));
+}
+
+template <auto Event, typename... Arguments>
+void CExpatReader::Call(void* reader, Arguments... arguments) {
+  auto& self = *static_cast<CExpatReader*>(reader);
+  if (self.m_failure) return;
+  try {
+    (self.*Event)(arguments...);
+  } catch (...) {
+    self.m_failure = std::current_exception();
+    XML_StopParser(self.m_parser.get(), XML_FALSE);
+  }
+}
+
+// Text that begins with the mark FF FE is UTF-16 whatever its declaration says. Expat refuses a
+// declaration that disagrees, unless the caller vouches for the encoding.
+void CExpatReader::Initialise(unsigned char const* data, std::uint32_t length) {
+  m_parser = TakeParser(m_options.namespaces,
+                        BeginsWithByteOrderMark(data, length) ? kUtf16 : nullptr);
+  if (!m_parser) throw std::bad_alloc();
+  XML_Parser const parser = m_parser.get();
+  XML_SetUserData(parser, this);
+  XML_SetElementHandler(
+      parser, Call<&CExpatReader::OnStartElement, XML_Char const*, XML_Char const**>,
+      Call<&CExpatReader::OnEndElement, XML_Char const*>);
+  // A binding that ends stays in the document's alias map, so its end is not listened to.
+  XML_SetStartNamespaceDeclHandler(
+      parser, Call<&CExpatReader::OnStartNamespace, XML_Char const*, XML_Char const*>);
+  XML_SetCharacterDataHandler(parser,
+                              Call<&CExpatReader::OnCharacterData, XML_Char const*, int>);
+  if (m_options.stripCDATA) return;
+  XML_SetCdataSectionHandler(parser, Call<&CExpatReader::OnStartCdataSection>,
+                             Call<&CExpatReader::OnEndCdataSection>);
+}
+
+void CExpatReader::ParseBuffer(unsigned char const* data, std::uint32_t length, bool isFinal) {
+  if (!m_parser) Initialise(data, length);
+  for (; length > kLargestPiece; data += kLargestPiece, length -= kLargestPiece) {
+    ParsePiece(data, static_cast<int>(kLargestPiece), false);
+  }
+  ParsePiece(data, static_cast<int>(length), isFinal);
+  m_parsedBytes += length;
+  m_isComplete = isFinal;
+}
+
+void CExpatReader::ParsePiece(unsigned char const* data, int length, bool isFinal) {
+  auto const* const bytes = reinterpret_cast<char const*>(data);
+  XML_Parser const parser = m_parser.get();
+  if (XML_Parse(parser, bytes, length, isFinal) != XML_STATUS_ERROR) return;
+  if (m_failure) std::rethrow_exception(m_failure);
+  throw CKestException(FormatString(u"%S at line %d", XML_ErrorString(XML_GetErrorCode(parser)),
+                                    XML_GetCurrentLineNumber(parser)));
+}
+
+void CExpatReader::OnStartElement(XML_Char const* name, XML_Char const** attributes) {
+  m_attributes.clear();
+  for (; *attributes; attributes += 2) {
+    m_attributes.push_back({m_tree.InternName(attributes[0], Length(attributes[0]), SpellName),
+                            attributes[1],
+                            static_cast<std::uint32_t>(Length(attributes[1]))});
+  }
+  m_tree.AddElement(m_tree.InternName(name, Length(name), SpellName), m_attributes);
+}
+
+void CExpatReader::OnEndElement(XML_Char const* /*name*/) { m_tree.EndElement(); }
+
+void CExpatReader::OnStartNamespace(XML_Char const* prefix, XML_Char const* uri) {
+  m_tree.AddAlias(Copy(prefix), Copy(uri));
+}
+
+void CExpatReader::OnCharacterData(XML_Char const* text, int length) {
+  if (length != 0) m_tree.AppendTextExcludingCR(text, static_cast<std::uint32_t>(length));
+}
+
+void CExpatReader::OnStartCdataSection() { m_tree.AppendTextExcludingCR(u"<![CDATA[", 9); }
+
+void CExpatReader::OnEndCdataSection() { m_tree.AppendTextExcludingCR(u"]]>", 3); }
+
+}  // namespace KestXmlLib20::internal

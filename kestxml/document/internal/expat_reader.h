@@ -1,0 +1,73 @@
+// The XML front end: turns Expat's events into a tree.
+#pragma once
+
+// The interface of the UTF-16 build of the parser.
+#ifndef XML_UNICODE
+#define XML_UNICODE
+#endif
+#include <expat.h>
+
+#include <cstdint>
+#include <exception>
+#include <memory>
+#include <vector>
+
+#include "kestxml/document/internal/xml_tree.h"
+
+namespace KestXmlLib20::internal {
+
+/// Parses one document, at once or piece by piece. Prefixes are resolved by Expat; comments,
+/// processing instructions and the document type declaration are passed over, and no external
+/// entity is ever fetched.
+class CExpatReader {
+ public:
+  struct Options {
+    bool namespaces = true;  ///< else prefixes stay in local names, declarations are attributes
+    bool stripCDATA = true;  ///< else a section stays in the text in its source form
+  };
+
+  CExpatReader(CXmlTree& tree, Options options);
+  CExpatReader(CExpatReader const&) = delete;
+  CExpatReader& operator=(CExpatReader const&) = delete;
+  ~CExpatReader();
+
+  /// Parses the next bytes of the document, the last ones with @p isFinal.
+  /// @throws CKestException "... at line ..." for text that is not well-formed, and whatever an
+  /// element callback or a limit throws. The reader is then of no more use.
+  void ParseBuffer(unsigned char const* data, std::uint32_t length, bool isFinal);
+
+ private:
+  struct FreeParser {
+    void operator()(XML_Parser parser) const { XML_ParserFree(parser); }
+  };
+  using Parser = std::unique_ptr<XML_ParserStruct, FreeParser>;
+
+  // One parser of each thread waits for its next small document.
+  static Parser& SpareParser();
+  static Parser TakeParser(bool namespaces, XML_Char const* encoding);
+
+  void Initialise(unsigned char const* data, std::uint32_t length);
+  void ParsePiece(unsigned char const* data, int length, bool isFinal);
+
+  // The one way from Expat into this class: C code must not see an exception, so the first is
+  // kept until the parse call has returned, and what Expat still reports by then is not looked at.
+  template <auto Event, typename... Arguments>
+  static void Call(void* reader, Arguments... arguments);
+
+  void OnStartElement(XML_Char const* name, XML_Char const** attributes);
+  void OnEndElement(XML_Char const* name);
+  void OnStartNamespace(XML_Char const* prefix, XML_Char const* uri);
+  void OnCharacterData(XML_Char const* text, int length);
+  void OnStartCdataSection();
+  void OnEndCdataSection();
+
+  CXmlTree& m_tree;
+  Options m_options;
+  Parser m_parser;
+  std::exception_ptr m_failure;
+  std::vector<CXmlTree::NewAttribute> m_attributes;
+  std::uint64_t m_parsedBytes = 0;
+  bool m_isComplete = false;
+};
+
+}  // namespace KestXmlLib20::internal

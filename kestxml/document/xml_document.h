@@ -1,0 +1,89 @@
+// Loads a document into the read-only tree.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "kestxml/binding/serialization_context.h"
+#include "kestxml/platform/api.h"
+#include "kestxml/values/instance_monitor.h"
+
+namespace KestXmlLib20 {
+
+class CXmlElement;
+namespace internal {
+class CXmlTree;
+}
+
+/// Loads are made from this flag's state: true reads a file in blocks while the parser works, so
+/// that the file need not fit in memory; false, the start value, reads it whole. One setting for
+/// the process, read without a lock: set it before loads start. Only the whole read inflates.
+KESTXML_API void AsyncFromXmlFile(bool overlapped);
+
+/// One XML document as a tree of elements. It can be used for any number of loads: each begins by
+/// throwing away what the last one built. What a failed load had built stays until then.
+/// A document belongs to one thread at a time.
+class KESTXML_API CXmlDocument : public CInstanceMonitor {
+ public:
+  /// Called with each element as it ends, its content complete. True throws the element away with
+  /// all that it holds, which is how a document larger than memory is read; the answer for the
+  /// root is not looked at. The callback may throw: the load then ends with that exception.
+  using ElementCallback = bool (*)(CXmlElement* element);
+
+  /// The default context and no callback.
+  CXmlDocument();
+  /// The context must outlive the document.
+  explicit CXmlDocument(CSerializationContext const& context);
+  explicit CXmlDocument(ElementCallback callback);
+  CXmlDocument(ElementCallback callback, CSerializationContext const& context);
+  CXmlDocument(CXmlDocument const&) = delete;
+  CXmlDocument& operator=(CXmlDocument const&) = delete;
+  ~CXmlDocument() override;
+
+  /// The root; null when nothing was loaded.
+  CXmlElement* GetDocumentElement();
+  CXmlElement const* GetDocumentElement() const;
+
+  /// Loads a file, gzip or zlib data included unless it is read in blocks.
+  /// @throws CKestException for a file that can't be read (with the file's name and an error
+  /// code), for text that is not well-formed ("... at line ..."), and beyond a limit.
+  void Load(char16_t const* fileName);
+  /// Loads text in the encoding that its byte order mark or declaration names, UTF-8 without.
+  void LoadXml(char const* text);
+  /// Loads UTF-16 text, whatever encoding its declaration names.
+  void LoadXml(char16_t const* text);
+  /// Loads bytes, gzip or zlib data included. They must stay as they are until the load ends.
+  void LoadXmlStream(unsigned char const* data, std::uint32_t length);
+
+  /// The URI that was bound last to a prefix anywhere in the document; empty when none was. The
+  /// default namespace has the empty prefix.
+  std::u16string LookupNamespaceFromAlias(std::u16string_view alias) const;
+  /// The lowest prefix, in the order of its 16-bit units, that is bound to @p uri; empty when
+  /// none is.
+  std::u16string LookupAliasFromNamespace(std::u16string_view uri) const;
+
+ protected:
+  /// Throws the tree away; its memory waits for the next load.
+  virtual void Cleanup();
+
+ private:
+  class FileBlocks;
+
+  void LoadWhole(char16_t const* fileName);
+  void LoadInBlocks(char16_t const* fileName);
+  void Parse(unsigned char const* data, std::uint32_t length);
+  void ParseText(unsigned char const* data, std::uint32_t length);
+  void RequireDocumentElement() const;
+
+  CSerializationContext const* m_context;
+  ElementCallback m_callback;
+  SchemaType m_schemaType;
+  // Where the next read of an overlapped load starts. Nothing sets it back, so a second such load
+  // with the same document goes on where the first one ended.
+  std::uint64_t m_readOffset = 0;
+  std::unique_ptr<internal::CXmlTree> m_tree;
+};
+
+}  // namespace KestXmlLib20
