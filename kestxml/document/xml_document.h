@@ -69,8 +69,6 @@ class KESTXML_API CXmlDocument : public CInstanceMonitor {
   virtual void Cleanup();
 
  private:
-  class FileBlocks;
-
   void LoadWhole(char16_t const* fileName);
   void LoadInBlocks(char16_t const* fileName);
   void Parse(unsigned char const* data, std::uint32_t length);

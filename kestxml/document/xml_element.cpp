@@ -1,12 +1,12 @@
 #include "kestxml/document/xml_element.h"
 
 #include <algorithm>
-#include <charconv>
 #include <unordered_map>
 #include <vector>
 
 #include "kestxml/document/xml_attribute.h"
 #include "kestxml/document/xml_document.h"
+#include "kestxml/values/format_string.h"
 
 namespace KestXmlLib20 {
 namespace {
@@ -54,9 +54,7 @@ void AppendStep(std::u16string& path, CXmlElement const& element, Prefixes& pref
   path += element.GetLocalName();
   if (!element.GetParentElm()) return;
   if (auto const position = PositionAmongNamesakes(element, prefixes)) {
-    char digits[16];
-    char const* const end = std::to_chars(digits, digits + sizeof digits, position).ptr;
-    path.append(u"[").append(digits, end).append(u"]");
+    path += FormatString(u"[%ld]", position);
   }
 }
 

@@ -1,6 +1,8 @@
 #include "kestxml/document/internal/text_buffer.h"
 
 #include <algorithm>
+#include <cstring>
+#include <utility>
 
 #include "kestxml/values/format_string.h"
 #include "kestxml/values/kest_exception.h"

@@ -1,8 +1,8 @@
 // The text of an element that is still open.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
-#include <cstring>
 #include <memory>
 
 namespace KestXmlLib20::internal {
@@ -11,19 +11,15 @@ namespace KestXmlLib20::internal {
 /// the next element when it is cleared.
 class TextBuffer {
  public:
-  /// Appends @p units 16-bit units, of whatever type: only their bytes are copied.
+  /// Room for @p units more, which Added then counts in; to be written before anything is read.
   /// @throws CKestException when the text would have 2^31 units, 4 GiB, or more.
-  char16_t* Append(void const* text, std::uint32_t units) {
+  char16_t* RoomFor(std::uint32_t units) {
     if (m_capacity - m_length <= units) Grow(units);
-    char16_t* const end = m_units.get() + m_length;
-    std::memcpy(end, text, units * sizeof(char16_t));
-    m_length += units;
-    end[units] = u'\0';
-    return end;
+    return m_units.get() + m_length;
   }
-  void CutTo(std::uint32_t length) {
-    m_length = length;
-    m_units[length] = u'\0';
+  void Added(std::uint32_t units) {
+    m_length += units;
+    m_units[m_length] = u'\0';
   }
   void Clear() { m_length = 0; }
   /// As Clear, and gives memory above @p bytes back.

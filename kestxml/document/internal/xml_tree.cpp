@@ -5,6 +5,7 @@
 #include <new>
 #include <utility>
 
+#include "kestxml/document/internal/copy_text.h"
 #include "kestxml/document/xml_attribute.h"
 #include "kestxml/values/preserve_character_ref_cr.h"
 
@@ -21,8 +22,6 @@ void CopyText(void* to, void const* text, std::size_t units) {
   std::memcpy(to, text, units * sizeof(char16_t));
   static_cast<char16_t*>(to)[units] = u'\0';
 }
-
-bool IsDropped(char16_t unit) { return unit == u'\r' || unit == u'\0'; }
 
 }  // namespace
 
@@ -48,7 +47,7 @@ void CXmlTree::Trim() {
   m_nodes.ResetAndTrim(kKeptBytes / 2);
   m_names.Reset(kKeptBytes / 8);
   if (m_open.size() > 64) {
-    m_open = {};
+    m_open = std::vector<OpenElement>();
   } else {
     for (OpenElement& open : m_open) open.text.ClearAndTrim(kKeptBytes / 256);
   }
@@ -137,15 +136,12 @@ void CXmlTree::Open(CXmlElement* element, Arena::Mark const& nodesBefore) {
 
 void CXmlTree::AppendTextExcludingCR(void const* text, std::uint32_t units) {
   OpenElement& open = Latest();
-  char16_t* const added = open.text.Append(text, units);
-  char16_t* const end = added + units;
-  if (!GetPreserveCharacterRefCR()) {
-    char16_t* const first = std::find_if(added, end, IsDropped);
-    if (first != end) {
-      char16_t* const last = std::remove(first, std::find(first, end, u'\0'), u'\r');
-      open.text.CutTo(static_cast<std::uint32_t>(last - open.text.GetData()));
-    }
+  char16_t* const added = open.text.RoomFor(units);
+  if (CopyAndFindDropped(added, text, units) && !GetPreserveCharacterRefCR()) {
+    char16_t* const end = std::find(added, added + units, u'\0');
+    units = static_cast<std::uint32_t>(std::remove(added, end, u'\r') - added);
   }
+  open.text.Added(units);
   open.element->m_text = open.text.GetData();
   open.element->m_textLength = open.text.GetLength();
 }

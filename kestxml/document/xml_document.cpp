@@ -1,0 +1,101 @@
+#include "kestxml/document/xml_document.h"
+
+#include <cstring>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "kestxml/document/internal/expat_reader.h"
+#include "kestxml/document/internal/xml_tree.h"
+#include "kestxml/document/xml_element.h"
+#include "kestxml/values/format_string.h"
+#include "kestxml/values/kest_exception.h"
+
+namespace KestXmlLib20 {
+namespace {
+
+using internal::CExpatReader;
+using internal::CXmlTree;
+
+// One tree without content waits in each thread for its next document, with its memory.
+std::unique_ptr<CXmlTree>& SpareTree() {
+  thread_local std::unique_ptr<CXmlTree> spare;
+  return spare;
+}
+
+std::unique_ptr<CXmlTree> TakeTree() {
+  auto tree = std::move(SpareTree());
+  return tree ? std::move(tree) : std::make_unique<CXmlTree>();
+}
+
+}  // namespace
+
+CXmlDocument::CXmlDocument() : CXmlDocument(nullptr, CSerializationContext::GetDefaultContext()) {}
+
+CXmlDocument::CXmlDocument(CSerializationContext const& context) : CXmlDocument(nullptr, context) {}
+
+CXmlDocument::CXmlDocument(ElementCallback callback)
+    : CXmlDocument(callback, CSerializationContext::GetDefaultContext()) {}
+
+CXmlDocument::CXmlDocument(ElementCallback callback, CSerializationContext const& context)
+    : m_context(&context),
+      m_callback(callback),
+      m_schemaType(context.GetSchemaType()),
+      m_tree(TakeTree()) {
+  m_tree->Begin(*this, m_callback, m_context->GetLimits());
+}
+
+CXmlDocument::~CXmlDocument() {
+  m_tree->Trim();
+  SpareTree() = std::move(m_tree);
+}
+
+void CXmlDocument::Cleanup() { m_tree->Begin(*this, m_callback, m_context->GetLimits()); }
+
+CXmlElement* CXmlDocument::GetDocumentElement() { return m_tree->GetRoot(); }
+CXmlElement const* CXmlDocument::GetDocumentElement() const { return m_tree->GetRoot(); }
+
+void CXmlDocument::LoadXml(char const* text) {
+  Cleanup();
+  std::size_t const length = std::strlen(text);
+  if (length == 0) throw CKestException(u"XML String is empty!");
+  ParseText(reinterpret_cast<unsigned char const*>(text), static_cast<std::uint32_t>(length));
+}
+
+// The parser takes the mark in front as the word for UTF-16.
+void CXmlDocument::LoadXml(char16_t const* text) {
+  Cleanup();
+  std::u16string const marked = std::u16string(u"\uFEFF").append(text);
+  ParseText(reinterpret_cast<unsigned char const*>(marked.data()),
+            static_cast<std::uint32_t>(marked.size() * sizeof(char16_t)));
+}
+
+void CXmlDocument::ParseText(unsigned char const* data, std::uint32_t length) {
+  CExpatReader reader(*m_tree, {m_schemaType != SchemaType::DocumentTypeDefinition, m_context->GetStripCDATA()});
+  reader.ParseBuffer(data, length, true);
+  RequireDocumentElement();
+}
+
+void CXmlDocument::LoadXmlStream(unsigned char const* data, std::uint32_t length) {
+  Cleanup();
+  ParseText(data, length);
+}
+
+void CXmlDocument::RequireDocumentElement() const {
+  if (!GetDocumentElement()) throw CKestException(u"Invalid or empty XML document");
+}
+
+std::u16string CXmlDocument::LookupNamespaceFromAlias(std::u16string_view alias) const {
+  auto const& aliases = m_tree->GetAliases();
+  auto const found = aliases.find(alias);
+  return found == aliases.end() ? std::u16string() : found->second;
+}
+
+std::u16string CXmlDocument::LookupAliasFromNamespace(std::u16string_view uri) const {
+  for (auto const& [prefix, boundUri] : m_tree->GetAliases()) {
+    if (boundUri == uri) return prefix;
+  }
+  return {};
+}
+
+}  // namespace KestXmlLib20
