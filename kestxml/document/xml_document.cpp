@@ -3,7 +3,6 @@
 #include <cstring>
 #include <string>
 #include <utility>
-#include <vector>
 
 #include "kestxml/document/internal/expat_reader.h"
 #include "kestxml/document/internal/xml_tree.h"
@@ -21,6 +20,13 @@ using internal::CXmlTree;
 std::unique_ptr<CXmlTree>& SpareTree() {
   thread_local std::unique_ptr<CXmlTree> spare;
   return spare;
+}
+
+// Lengths have 32 bits: what needs more is refused, not cut.
+std::uint32_t LengthOf(std::size_t bytes) {
+  if (bytes <= UINT32_MAX) return static_cast<std::uint32_t>(bytes);
+  throw CKestException(
+      FormatString(u"The document exceeds the limit of %I64u bytes.", UINT32_MAX));
 }
 
 std::unique_ptr<CXmlTree> TakeTree() {
@@ -59,7 +65,7 @@ void CXmlDocument::LoadXml(char const* text) {
   Cleanup();
   std::size_t const length = std::strlen(text);
   if (length == 0) throw CKestException(u"XML String is empty!");
-  ParseText(reinterpret_cast<unsigned char const*>(text), static_cast<std::uint32_t>(length));
+  ParseText(reinterpret_cast<unsigned char const*>(text), LengthOf(length));
 }
 
 // The parser takes the mark in front as the word for UTF-16.
@@ -67,18 +73,17 @@ void CXmlDocument::LoadXml(char16_t const* text) {
   Cleanup();
   std::u16string const marked = std::u16string(u"\uFEFF").append(text);
   ParseText(reinterpret_cast<unsigned char const*>(marked.data()),
-            static_cast<std::uint32_t>(marked.size() * sizeof(char16_t)));
+            LengthOf(marked.size() * sizeof(char16_t)));
 }
 
 void CXmlDocument::ParseText(unsigned char const* data, std::uint32_t length) {
-  CExpatReader reader(*m_tree, {m_schemaType != SchemaType::DocumentTypeDefinition, m_context->GetStripCDATA()});
+  CExpatReader reader(*m_tree, ReaderOptions());
   reader.ParseBuffer(data, length, true);
   RequireDocumentElement();
 }
 
-void CXmlDocument::LoadXmlStream(unsigned char const* data, std::uint32_t length) {
-  Cleanup();
-  ParseText(data, length);
+internal::ExpatReaderOptions CXmlDocument::ReaderOptions() const {
+  return {m_schemaType != SchemaType::DocumentTypeDefinition, m_context->GetStripCDATA()};
 }
 
 void CXmlDocument::RequireDocumentElement() const {

@@ -18,7 +18,6 @@ static_assert(sizeof(XML_Char) == sizeof(char16_t));
 // unlike "|" it is one that Expat lets a document's own URIs live beside.
 constexpr char16_t kSeparator = u'\u0001';
 constexpr XML_Char kUtf16[] = {'U', 'T', 'F', '-', '1', '6', 0};
-constexpr std::uint32_t kLargestPiece = std::uint32_t{1} << 30;  // the length of a call is an int
 constexpr std::uint64_t kSmallDocument = std::uint64_t{64} * 1024;
 
 std::size_t Length(XML_Char const* text) {
@@ -44,13 +43,13 @@ NameTable::Spelling SpellName(std::u16string_view key) {
   return {name.substr(0, cut), name.substr(cut + 1)};
 }
 
-bool BeginsWithByteOrderMark(unsigned char const* data, std::uint32_t length) {
-  return length >= 2 && data[0] == 0xFF && data[1] == 0xFE;
+bool BeginsWithByteOrderMark(std::span<unsigned char const> head) {
+  return head.size() >= 2 && head[0] == 0xFF && head[1] == 0xFE;
 }
 
 }  // namespace
 
-CExpatReader::CExpatReader(CXmlTree& tree, Options options) : m_tree(tree), m_options(options) {}
+CExpatReader::CExpatReader(CXmlTree& tree, ExpatReaderOptions options) : m_tree(tree), m_options(options) {}
 
 CExpatReader::~CExpatReader() {
   if (!m_isComplete || !m_options.namespaces || m_parsedBytes > kSmallDocument) return;
@@ -83,9 +82,8 @@ void CExpatReader::Call(void* reader, Arguments... arguments) {
 
 // Text that begins with the mark FF FE is UTF-16 whatever its declaration says. Expat refuses a
 // declaration that disagrees, unless the caller vouches for the encoding.
-void CExpatReader::Initialise(unsigned char const* data, std::uint32_t length) {
-  m_parser = TakeParser(m_options.namespaces,
-                        BeginsWithByteOrderMark(data, length) ? kUtf16 : nullptr);
+void CExpatReader::Initialise(std::span<unsigned char const> head) {
+  m_parser = TakeParser(m_options.namespaces, BeginsWithByteOrderMark(head) ? kUtf16 : nullptr);
   if (!m_parser) throw std::bad_alloc();
   XML_Parser const parser = m_parser.get();
   XML_SetUserData(parser, this);
@@ -103,22 +101,38 @@ void CExpatReader::Initialise(unsigned char const* data, std::uint32_t length) {
 }
 
 void CExpatReader::ParseBuffer(unsigned char const* data, std::uint32_t length, bool isFinal) {
-  if (!m_parser) Initialise(data, length);
-  for (; length > kLargestPiece; data += kLargestPiece, length -= kLargestPiece) {
-    ParsePiece(data, static_cast<int>(kLargestPiece), false);
-  }
-  ParsePiece(data, static_cast<int>(length), isFinal);
-  m_parsedBytes += length;
-  m_isComplete = isFinal;
+  if (!m_parser) Initialise({data, length});
+  std::uint32_t parsed = 0;
+  do {
+    std::uint32_t const piece = std::min(length - parsed, kLargestPiece);
+    bool const isLast = isFinal && parsed + piece == length;
+    Finish(XML_Parse(m_parser.get(), reinterpret_cast<char const*>(data + parsed),
+                     static_cast<int>(piece), isLast),
+           piece, isLast);
+    parsed += piece;
+  } while (parsed != length);
 }
 
-void CExpatReader::ParsePiece(unsigned char const* data, int length, bool isFinal) {
-  auto const* const bytes = reinterpret_cast<char const*>(data);
-  XML_Parser const parser = m_parser.get();
-  if (XML_Parse(parser, bytes, length, isFinal) != XML_STATUS_ERROR) return;
-  if (m_failure) std::rethrow_exception(m_failure);
-  throw CKestException(FormatString(u"%S at line %d", XML_ErrorString(XML_GetErrorCode(parser)),
-                                    XML_GetCurrentLineNumber(parser)));
+void* CExpatReader::GetBuffer(std::span<unsigned char const> head, std::uint32_t length) {
+  if (!m_parser) Initialise(head);
+  void* const buffer = XML_GetBuffer(m_parser.get(), static_cast<int>(length));
+  if (!buffer) throw std::bad_alloc();
+  return buffer;
+}
+
+void CExpatReader::ParseFilledBuffer(std::uint32_t length, bool isFinal) {
+  Finish(XML_ParseBuffer(m_parser.get(), static_cast<int>(length), isFinal), length, isFinal);
+}
+
+void CExpatReader::Finish(XML_Status status, std::uint32_t length, bool isFinal) {
+  if (status == XML_STATUS_ERROR) {
+    if (m_failure) std::rethrow_exception(m_failure);
+    XML_Parser const parser = m_parser.get();
+    throw CKestException(FormatString(u"%S at line %d", XML_ErrorString(XML_GetErrorCode(parser)),
+                                      XML_GetCurrentLineNumber(parser)));
+  }
+  m_parsedBytes += length;
+  m_isComplete = isFinal;
 }
 
 void CExpatReader::OnStartElement(XML_Char const* name, XML_Char const** attributes) {

@@ -10,31 +10,41 @@
 #include <cstdint>
 #include <exception>
 #include <memory>
+#include <span>
 #include <vector>
 
 #include "kestxml/document/internal/xml_tree.h"
 
 namespace KestXmlLib20::internal {
 
+struct ExpatReaderOptions {
+  bool namespaces = true;  ///< else prefixes stay in local names, declarations are attributes
+  bool stripCDATA = true;  ///< else a section stays in the text in its source form
+};
+
 /// Parses one document, at once or piece by piece. Prefixes are resolved by Expat; comments,
 /// processing instructions and the document type declaration are passed over, and no external
 /// entity is ever fetched.
 class CExpatReader {
  public:
-  struct Options {
-    bool namespaces = true;  ///< else prefixes stay in local names, declarations are attributes
-    bool stripCDATA = true;  ///< else a section stays in the text in its source form
-  };
-
-  CExpatReader(CXmlTree& tree, Options options);
+  CExpatReader(CXmlTree& tree, ExpatReaderOptions options);
   CExpatReader(CExpatReader const&) = delete;
   CExpatReader& operator=(CExpatReader const&) = delete;
   ~CExpatReader();
+
+  /// Bytes that one call takes at most. The parser's own memory doubles what it is given, within
+  /// the range of an int.
+  static constexpr std::uint32_t kLargestPiece = std::uint32_t{1} << 29;
 
   /// Parses the next bytes of the document, the last ones with @p isFinal.
   /// @throws CKestException "... at line ..." for text that is not well-formed, and whatever an
   /// element callback or a limit throws. The reader is then of no more use.
   void ParseBuffer(unsigned char const* data, std::uint32_t length, bool isFinal);
+
+  /// The same without a copy: memory of the parser for the next @p length bytes, at most
+  /// kLargestPiece, to be filled and then parsed. @p head are the first bytes of the document.
+  void* GetBuffer(std::span<unsigned char const> head, std::uint32_t length);
+  void ParseFilledBuffer(std::uint32_t length, bool isFinal);
 
  private:
   struct FreeParser {
@@ -46,8 +56,8 @@ class CExpatReader {
   static Parser& SpareParser();
   static Parser TakeParser(bool namespaces, XML_Char const* encoding);
 
-  void Initialise(unsigned char const* data, std::uint32_t length);
-  void ParsePiece(unsigned char const* data, int length, bool isFinal);
+  void Initialise(std::span<unsigned char const> head);
+  void Finish(XML_Status status, std::uint32_t length, bool isFinal);
 
   // The one way from Expat into this class: C code must not see an exception, so the first is
   // kept until the parse call has returned, and what Expat still reports by then is not looked at.
@@ -62,7 +72,7 @@ class CExpatReader {
   void OnEndCdataSection();
 
   CXmlTree& m_tree;
-  Options m_options;
+  ExpatReaderOptions m_options;
   Parser m_parser;
   std::exception_ptr m_failure;
   std::vector<CXmlTree::NewAttribute> m_attributes;

@@ -1,0 +1,176 @@
+// The loads of CXmlDocument from files and byte buffers.
+
+#include <cstdlib>
+#include <cstring>
+#include <memory>
+#include <new>
+#include <utility>
+
+#include "kestxml/document/internal/expat_reader.h"
+#include "kestxml/document/xml_document.h"
+#include "kestxml/platform/file.h"
+#include "kestxml/values/compression.h"
+#include "kestxml/values/format_string.h"
+#include "kestxml/values/kest_exception.h"
+#include "kestxml/values/unicode.h"
+
+namespace KestXmlLib20 {
+namespace {
+
+using internal::CExpatReader;
+using platform::ErrorCode;
+using platform::File;
+
+// Blocks of an overlapped load, in bytes. A file of a whole number of them fails to load on that
+// path, since only a block that falls short is known to be the last: callers rely on the failure.
+constexpr std::size_t kChunk = 0x20000;
+
+bool loadsAreOverlapped = false;
+
+struct FreeBytes {
+  void operator()(unsigned char* bytes) const { std::free(bytes); }
+};
+using HeapBytes = std::unique_ptr<unsigned char, FreeBytes>;  // memory that inflating can replace
+
+HeapBytes AllocateBytes(std::size_t length) {
+  HeapBytes bytes(static_cast<unsigned char*>(std::malloc(length)));
+  if (!bytes) throw std::bad_alloc();
+  return bytes;
+}
+
+File Open(char16_t const* fileName) {
+  auto opened = File::OpenForReading(ToUtf8(fileName));
+  if (opened.error == platform::kErrorNone) return std::move(opened.value);
+  throw CKestException(
+      FormatString(u"Failed to open the file [%s] Error [0x%08x]", fileName, opened.error));
+}
+
+// Lengths have 32 bits, so a file that needs more is one whose size can't be had.
+std::uint32_t SizeOf(File const& file, char16_t const* fileName) {
+  auto size = file.GetSize();
+  if (size.error == platform::kErrorNone && size.value > UINT32_MAX) {
+    size.error = platform::kErrorFileTooLarge;
+  }
+  if (size.error == platform::kErrorNone) return static_cast<std::uint32_t>(size.value);
+  throw CKestException(
+      FormatString(u"Failed to get the size of the file [%s] Error [0x%08x]", fileName, size.error));
+}
+
+[[noreturn]] void ThrowUnreadable(char16_t const* fileName, ErrorCode error) {
+  throw CKestException(
+      FormatString(u"Failed to read the contents of the file [%s] Error [0x%08x]", fileName, error));
+}
+
+[[noreturn]] void ThrowUnreadable(ErrorCode error) {
+  throw CKestException(
+      FormatString(u"Failed to read the contents of the file. Error [0x%08x]", error));
+}
+
+// All @p length bytes, which the file's size has promised.
+void ReadAll(File const& file, char16_t const* fileName, std::uint64_t offset, void* buffer,
+             std::size_t length) {
+  auto const read = file.ReadAt(offset, buffer, length);
+  if (read.error != platform::kErrorNone) ThrowUnreadable(fileName, read.error);
+  if (read.value != length) ThrowUnreadable(fileName, platform::kErrorHandleEof);
+}
+
+// Straight into the parser's own memory, in one piece unless the file is huge.
+void ParseFile(CExpatReader& reader, File const& file, char16_t const* fileName,
+               std::span<unsigned char const> head, std::uint32_t size) {
+  std::uint32_t offset = 0;
+  do {
+    std::uint32_t const piece = std::min(size - offset, CExpatReader::kLargestPiece);
+    void* const buffer = reader.GetBuffer(head, piece);
+    ReadAll(file, fileName, offset, buffer, piece);
+    offset += piece;
+    reader.ParseFilledBuffer(piece, offset == size);
+  } while (offset != size);
+}
+
+}  // namespace
+
+void AsyncFromXmlFile(bool overlapped) { loadsAreOverlapped = overlapped; }
+
+void CXmlDocument::Load(char16_t const* fileName) {
+  Cleanup();
+  if (loadsAreOverlapped) {
+    LoadInBlocks(fileName);
+  } else {
+    LoadWhole(fileName);
+  }
+}
+
+void CXmlDocument::LoadWhole(char16_t const* fileName) {
+  File const file = Open(fileName);
+  std::uint32_t const size = SizeOf(file, fileName);
+  unsigned char head[2] = {};
+  std::size_t const headLength = std::min<std::size_t>(size, sizeof head);
+  ReadAll(file, fileName, 0, head, headLength);
+  if (MayBeCompressed(head, headLength)) {
+    HeapBytes bytes = AllocateBytes(size);
+    ReadAll(file, fileName, 0, bytes.get(), size);
+    ParseInflated(bytes.release(), size);
+  } else {
+    CExpatReader reader(*m_tree, ReaderOptions());
+    ParseFile(reader, file, fileName, {head, headLength}, size);
+    RequireDocumentElement();
+  }
+}
+
+void CXmlDocument::LoadXmlStream(unsigned char const* data, std::uint32_t length) {
+  Cleanup();
+  if (length == 0) throw CKestException(u"XML Stream is empty!");
+  if (MayBeCompressed(data, length)) {
+    HeapBytes bytes = AllocateBytes(length);
+    std::memcpy(bytes.get(), data, length);
+    ParseInflated(bytes.release(), length);
+  } else {
+    ParseText(data, length);
+  }
+}
+
+// What turns out not to be compressed data is parsed as it stands.
+void CXmlDocument::ParseInflated(unsigned char* heapBytes, std::uint32_t length) {
+  HeapBytes bytes(heapBytes);
+  DecompressBuffer(&heapBytes, &length, m_context->GetLimits().GetMaxInflatedBytes());
+  if (heapBytes != bytes.get()) {  // freed and replaced
+    static_cast<void>(bytes.release());
+    bytes.reset(heapBytes);
+  }
+  ParseText(bytes.get(), length);
+}
+
+void CXmlDocument::LoadInBlocks(char16_t const* fileName) {
+  File const file = Open(fileName);
+  auto block = std::make_unique_for_overwrite<unsigned char[]>(kChunk);
+  auto const first = file.StartRead(m_readOffset, block.get(), kChunk).Wait();
+  if (first.error == platform::kErrorHandleEof) ThrowUnreadable(fileName, first.error);
+  if (first.error != platform::kErrorNone) ThrowUnreadable(first.error);
+  m_readOffset += first.value;
+  try {
+    ParseBlocks(file, std::move(block), first.value);
+  } catch (CKestException const&) {
+    Cleanup();
+    throw;
+  }
+}
+
+// While one block is parsed the system fetches the next.
+void CXmlDocument::ParseBlocks(platform::File const& file, std::unique_ptr<unsigned char[]> block,
+                               std::size_t length) {
+  CExpatReader reader(*m_tree, ReaderOptions());
+  auto spare = std::make_unique_for_overwrite<unsigned char[]>(kChunk);
+  while (length == kChunk) {
+    auto next = file.StartRead(m_readOffset, spare.get(), kChunk);
+    reader.ParseBuffer(block.get(), kChunk, false);
+    auto const read = next.Wait();
+    if (read.error != platform::kErrorNone) ThrowUnreadable(read.error);
+    m_readOffset += read.value;
+    length = read.value;
+    std::swap(block, spare);
+  }
+  reader.ParseBuffer(block.get(), static_cast<std::uint32_t>(length), true);
+  RequireDocumentElement();
+}
+
+}  // namespace KestXmlLib20
