@@ -25,8 +25,7 @@ std::unique_ptr<CXmlTree>& SpareTree() {
 // Lengths have 32 bits: what needs more is refused, not cut.
 std::uint32_t LengthOf(std::size_t bytes) {
   if (bytes <= UINT32_MAX) return static_cast<std::uint32_t>(bytes);
-  throw CKestException(
-      FormatString(u"The document exceeds the limit of %I64u bytes.", UINT32_MAX));
+  throw CKestException(FormatString(u"The document exceeds the limit of %I64u bytes.", UINT32_MAX));
 }
 
 std::unique_ptr<CXmlTree> TakeTree() {
@@ -56,10 +55,16 @@ CXmlDocument::~CXmlDocument() {
   SpareTree() = std::move(m_tree);
 }
 
-void CXmlDocument::Cleanup() { m_tree->Begin(*this, m_callback, m_context->GetLimits()); }
+void CXmlDocument::Cleanup() {
+  m_tree->Begin(*this, m_callback, m_context->GetLimits());
+}
 
-CXmlElement* CXmlDocument::GetDocumentElement() { return m_tree->GetRoot(); }
-CXmlElement const* CXmlDocument::GetDocumentElement() const { return m_tree->GetRoot(); }
+CXmlElement* CXmlDocument::GetDocumentElement() {
+  return m_tree->GetRoot();
+}
+CXmlElement const* CXmlDocument::GetDocumentElement() const {
+  return m_tree->GetRoot();
+}
 
 void CXmlDocument::LoadXml(char const* text) {
   Cleanup();

@@ -23,9 +23,9 @@ class File;
 }
 
 /// How files are loaded: true reads a file in blocks while the parser works, so that it need not
-/// fit in memory; false, the start value, reads it whole. Only what is read whole may be compressed,
-/// and what is read in blocks may not be a whole number of 131,072 bytes long. One setting for the
-/// process, read without a lock: set it before loads start.
+/// fit in memory; false, the start value, reads it whole. Only what is read whole may be
+/// compressed, and what is read in blocks may not be a whole number of 131,072 bytes long. One
+/// setting for the process, read without a lock: set it before loads start.
 KESTXML_API void AsyncFromXmlFile(bool overlapped);
 
 /// One XML document as a tree of elements. It can be used for any number of loads: each begins by
@@ -79,8 +79,7 @@ class KESTXML_API CXmlDocument : public CInstanceMonitor {
   void LoadInBlocks(char16_t const* fileName);
   void ParseBlocks(platform::File const& file, std::unique_ptr<unsigned char[]> block,
                    std::size_t length);
-  /// Takes over @p heapBytes, memory of malloc.
-  void ParseInflated(unsigned char* heapBytes, std::uint32_t length);
+  void Parse(unsigned char const* data, std::uint32_t length);
   void ParseText(unsigned char const* data, std::uint32_t length);
   internal::ExpatReaderOptions ReaderOptions() const;
   void RequireDocumentElement() const;

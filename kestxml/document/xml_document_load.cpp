@@ -1,14 +1,14 @@
 // The loads of CXmlDocument from files and byte buffers.
 
-#include <cstdlib>
-#include <cstring>
+#include <algorithm>
 #include <memory>
-#include <new>
+#include <span>
 #include <utility>
 
 #include "kestxml/document/internal/expat_reader.h"
 #include "kestxml/document/xml_document.h"
 #include "kestxml/platform/file.h"
+#include "kestxml/values/binary_data.h"
 #include "kestxml/values/compression.h"
 #include "kestxml/values/format_string.h"
 #include "kestxml/values/kest_exception.h"
@@ -27,17 +27,6 @@ constexpr std::size_t kChunk = 0x20000;
 
 bool loadsAreOverlapped = false;
 
-struct FreeBytes {
-  void operator()(unsigned char* bytes) const { std::free(bytes); }
-};
-using HeapBytes = std::unique_ptr<unsigned char, FreeBytes>;  // memory that inflating can replace
-
-HeapBytes AllocateBytes(std::size_t length) {
-  HeapBytes bytes(static_cast<unsigned char*>(std::malloc(length)));
-  if (!bytes) throw std::bad_alloc();
-  return bytes;
-}
-
 File Open(char16_t const* fileName) {
   auto opened = File::OpenForReading(ToUtf8(fileName));
   if (opened.error == platform::kErrorNone) return std::move(opened.value);
@@ -52,13 +41,13 @@ std::uint32_t SizeOf(File const& file, char16_t const* fileName) {
     size.error = platform::kErrorFileTooLarge;
   }
   if (size.error == platform::kErrorNone) return static_cast<std::uint32_t>(size.value);
-  throw CKestException(
-      FormatString(u"Failed to get the size of the file [%s] Error [0x%08x]", fileName, size.error));
+  throw CKestException(FormatString(u"Failed to get the size of the file [%s] Error [0x%08x]",
+                                    fileName, size.error));
 }
 
 [[noreturn]] void ThrowUnreadable(char16_t const* fileName, ErrorCode error) {
-  throw CKestException(
-      FormatString(u"Failed to read the contents of the file [%s] Error [0x%08x]", fileName, error));
+  throw CKestException(FormatString(u"Failed to read the contents of the file [%s] Error [0x%08x]",
+                                    fileName, error));
 }
 
 [[noreturn]] void ThrowUnreadable(ErrorCode error) {
@@ -89,7 +78,9 @@ void ParseFile(CExpatReader& reader, File const& file, char16_t const* fileName,
 
 }  // namespace
 
-void AsyncFromXmlFile(bool overlapped) { loadsAreOverlapped = overlapped; }
+void AsyncFromXmlFile(bool overlapped) {
+  loadsAreOverlapped = overlapped;
+}
 
 void CXmlDocument::Load(char16_t const* fileName) {
   Cleanup();
@@ -107,9 +98,9 @@ void CXmlDocument::LoadWhole(char16_t const* fileName) {
   std::size_t const headLength = std::min<std::size_t>(size, sizeof head);
   ReadAll(file, fileName, 0, head, headLength);
   if (MayBeCompressed(head, headLength)) {
-    HeapBytes bytes = AllocateBytes(size);
+    auto const bytes = std::make_unique_for_overwrite<unsigned char[]>(size);
     ReadAll(file, fileName, 0, bytes.get(), size);
-    ParseInflated(bytes.release(), size);
+    Parse(bytes.get(), size);
   } else {
     CExpatReader reader(*m_tree, ReaderOptions());
     ParseFile(reader, file, fileName, {head, headLength}, size);
@@ -120,24 +111,17 @@ void CXmlDocument::LoadWhole(char16_t const* fileName) {
 void CXmlDocument::LoadXmlStream(unsigned char const* data, std::uint32_t length) {
   Cleanup();
   if (length == 0) throw CKestException(u"XML Stream is empty!");
-  if (MayBeCompressed(data, length)) {
-    HeapBytes bytes = AllocateBytes(length);
-    std::memcpy(bytes.get(), data, length);
-    ParseInflated(bytes.release(), length);
+  Parse(data, length);
+}
+
+// What does not inflate is parsed as it stands.
+void CXmlDocument::Parse(unsigned char const* data, std::uint32_t length) {
+  CBinaryData inflated;
+  if (Inflate(inflated, data, length, m_context->GetLimits().GetMaxInflatedBytes())) {
+    ParseText(inflated.GetData(), inflated.GetLength());
   } else {
     ParseText(data, length);
   }
-}
-
-// What turns out not to be compressed data is parsed as it stands.
-void CXmlDocument::ParseInflated(unsigned char* heapBytes, std::uint32_t length) {
-  HeapBytes bytes(heapBytes);
-  DecompressBuffer(&heapBytes, &length, m_context->GetLimits().GetMaxInflatedBytes());
-  if (heapBytes != bytes.get()) {  // freed and replaced
-    static_cast<void>(bytes.release());
-    bytes.reset(heapBytes);
-  }
-  ParseText(bytes.get(), length);
 }
 
 void CXmlDocument::LoadInBlocks(char16_t const* fileName) {

@@ -23,6 +23,8 @@ void* AllocateLargePages(std::size_t bytes) {
   return begin + before;
 }
 
-void FreeLargePages(void* pages, std::size_t bytes) noexcept { munmap(pages, bytes); }
+void FreeLargePages(void* pages, std::size_t bytes) noexcept {
+  munmap(pages, bytes);
+}
 
 }  // namespace KestXmlLib20::platform

@@ -1,5 +1,6 @@
 #include "kestxml/values/compression.h"
 
+#define ZLIB_CONST  // zlib then takes its input as constant
 #include <zlib.h>
 
 #include <algorithm>
@@ -43,18 +44,9 @@ int Deflate(CompressionType type, unsigned char* input, unsigned char* output,
   return status;
 }
 
-// Whether inflate would get past the first two bytes: the mark of gzip (RFC 1952, 2.3.1), or a
-// zlib header with its check and a window that the method allows (RFC 1950, 2.2).
-bool LooksCompressed(unsigned char const* data, std::uint32_t length) {
-  if (length < 2) return false;
-  if (data[0] == 0x1F && data[1] == 0x8B) return true;
-  bool const deflated = (data[0] & 0x0F) == Z_DEFLATED && data[0] >> 4 <= 7;
-  return deflated && (data[0] * 256 + data[1]) % 31 == 0;
-}
-
 class InflateStream {
  public:
-  InflateStream(unsigned char* data, std::uint32_t length) {
+  InflateStream(unsigned char const* data, std::uint32_t length) {
     m_stream.next_in = data;
     m_stream.avail_in = length;
     if (inflateInit2(&m_stream, kAnyFramingWindowBits) != Z_OK) throw std::bad_alloc();
@@ -100,10 +92,18 @@ void CompressBinaryData(CBinaryData& data, CompressionType type) {
   static_cast<void>(output.release());
 }
 
-void DecompressBuffer(unsigned char** data, std::uint32_t* length, std::uint64_t maxBytes) {
-  if (!LooksCompressed(*data, *length)) return;
-  CBinaryData inflated;
-  InflateStream stream(*data, *length);
+bool MayBeCompressed(unsigned char const* head, std::size_t length) {
+  if (length < 2) return false;
+  if (head[0] == 0x1F && head[1] == 0x8B) return true;
+  bool const deflated = (head[0] & 0x0F) == Z_DEFLATED && head[0] >> 4 <= 7;
+  return deflated && (head[0] * 256 + head[1]) % 31 == 0;
+}
+
+bool Inflate(CBinaryData& inflated, unsigned char const* data, std::uint32_t length,
+             std::uint64_t maxBytes) {
+  inflated.Clear();
+  if (!MayBeCompressed(data, length)) return false;
+  InflateStream stream(data, length);
   int status;
   do {
     // One byte beyond the limit shows that it is passed; more is never asked for.
@@ -111,7 +111,12 @@ void DecompressBuffer(unsigned char** data, std::uint32_t* length, std::uint64_t
     status = stream.Next(inflated, std::min<std::uint64_t>(left, kInflateStep - 1) + 1);
     TestInflatedLength(inflated.GetLength(), maxBytes);
   } while (status == Z_OK);
-  if (status != Z_STREAM_END) return;
+  return status == Z_STREAM_END;
+}
+
+void DecompressBuffer(unsigned char** data, std::uint32_t* length, std::uint64_t maxBytes) {
+  CBinaryData inflated;
+  if (!Inflate(inflated, *data, *length, maxBytes)) return;
   std::free(*data);
   *length = inflated.GetLength();
   *data = inflated.ReleaseData();

@@ -1,6 +1,7 @@
 // gzip and zlib wrapping of whole buffers.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 
 #include "kestxml/platform/api.h"
@@ -15,6 +16,18 @@ class CBinaryData;
 /// @throws CKestException when it does not, as with very short or random data, which leaves @p data
 /// empty.
 KESTXML_API void CompressBinaryData(CBinaryData& data, CompressionType type);
+
+/// Whether inflating would get past the first two of @p length bytes: the mark of gzip (RFC 1952,
+/// 2.3.1), or a zlib header with its check and a window that the method allows (RFC 1950, 2.2).
+KESTXML_API bool MayBeCompressed(unsigned char const* head, std::size_t length);
+
+/// Fills @p inflated with what the @p length bytes at @p data inflate to, if they are a complete
+/// gzip or zlib stream; what follows the stream is dropped. False for anything else, also a damaged
+/// stream: it counts as plain, and @p inflated is then of no use.
+/// @param maxBytes most bytes to inflate to; 0 for as many as 32 bits can count.
+/// @throws CKestException when there are more.
+KESTXML_API bool Inflate(CBinaryData& inflated, unsigned char const* data, std::uint32_t length,
+                         std::uint64_t maxBytes);
 
 /// Inflates the @p length bytes of malloc at @p data if they are a complete gzip or zlib stream,
 /// and replaces both; what follows the stream is dropped. Anything else, also a damaged stream,

@@ -52,7 +52,9 @@ void FreeBlock(Block* block) {
 
 }  // namespace
 
-Arena::~Arena() { FreeChain(m_first); }
+Arena::~Arena() {
+  FreeChain(m_first);
+}
 
 void Arena::FreeChain(Block* block) {
   while (block) {
@@ -102,7 +104,9 @@ void Arena::ReleaseTo(Mark const& mark) {
   m_next = mark.m_next;
 }
 
-void Arena::Reset() { Use(nullptr); }
+void Arena::Reset() {
+  Use(nullptr);
+}
 
 void Arena::ResetAndTrim(std::size_t bytes) {
   Block** link = &m_first;

@@ -11,7 +11,9 @@
 namespace KestXmlLib20::internal {
 
 /// True for the units that do not simply belong to an element's text.
-constexpr bool IsDroppedUnit(char16_t unit) { return unit == u'\r' || unit == u'\0'; }
+constexpr bool IsDroppedUnit(char16_t unit) {
+  return unit == u'\r' || unit == u'\0';
+}
 
 /// Copies one by one; the way for the shortest texts.
 inline bool CopyUnits(char16_t* to, char const* from, std::size_t units) {

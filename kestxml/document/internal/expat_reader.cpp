@@ -49,7 +49,8 @@ bool BeginsWithByteOrderMark(std::span<unsigned char const> head) {
 
 }  // namespace
 
-CExpatReader::CExpatReader(CXmlTree& tree, ExpatReaderOptions options) : m_tree(tree), m_options(options) {}
+CExpatReader::CExpatReader(CXmlTree& tree, ExpatReaderOptions options)
+    : m_tree(tree), m_options(options) {}
 
 CExpatReader::~CExpatReader() {
   if (!m_isComplete || !m_options.namespaces || m_parsedBytes > kSmallDocument) return;
@@ -87,14 +88,13 @@ void CExpatReader::Initialise(std::span<unsigned char const> head) {
   if (!m_parser) throw std::bad_alloc();
   XML_Parser const parser = m_parser.get();
   XML_SetUserData(parser, this);
-  XML_SetElementHandler(
-      parser, Call<&CExpatReader::OnStartElement, XML_Char const*, XML_Char const**>,
-      Call<&CExpatReader::OnEndElement, XML_Char const*>);
+  XML_SetElementHandler(parser,
+                        Call<&CExpatReader::OnStartElement, XML_Char const*, XML_Char const**>,
+                        Call<&CExpatReader::OnEndElement, XML_Char const*>);
   // A binding that ends stays in the document's alias map, so its end is not listened to.
   XML_SetStartNamespaceDeclHandler(
       parser, Call<&CExpatReader::OnStartNamespace, XML_Char const*, XML_Char const*>);
-  XML_SetCharacterDataHandler(parser,
-                              Call<&CExpatReader::OnCharacterData, XML_Char const*, int>);
+  XML_SetCharacterDataHandler(parser, Call<&CExpatReader::OnCharacterData, XML_Char const*, int>);
   if (m_options.stripCDATA) return;
   XML_SetCdataSectionHandler(parser, Call<&CExpatReader::OnStartCdataSection>,
                              Call<&CExpatReader::OnEndCdataSection>);
@@ -139,13 +139,14 @@ void CExpatReader::OnStartElement(XML_Char const* name, XML_Char const** attribu
   m_attributes.clear();
   for (; *attributes; attributes += 2) {
     m_attributes.push_back({m_tree.InternName(attributes[0], Length(attributes[0]), SpellName),
-                            attributes[1],
-                            static_cast<std::uint32_t>(Length(attributes[1]))});
+                            attributes[1], static_cast<std::uint32_t>(Length(attributes[1]))});
   }
   m_tree.AddElement(m_tree.InternName(name, Length(name), SpellName), m_attributes);
 }
 
-void CExpatReader::OnEndElement(XML_Char const* /*name*/) { m_tree.EndElement(); }
+void CExpatReader::OnEndElement(XML_Char const* /*name*/) {
+  m_tree.EndElement();
+}
 
 void CExpatReader::OnStartNamespace(XML_Char const* prefix, XML_Char const* uri) {
   m_tree.AddAlias(Copy(prefix), Copy(uri));
@@ -155,8 +156,12 @@ void CExpatReader::OnCharacterData(XML_Char const* text, int length) {
   if (length != 0) m_tree.AppendTextExcludingCR(text, static_cast<std::uint32_t>(length));
 }
 
-void CExpatReader::OnStartCdataSection() { m_tree.AppendTextExcludingCR(u"<![CDATA[", 9); }
+void CExpatReader::OnStartCdataSection() {
+  m_tree.AppendTextExcludingCR(u"<![CDATA[", 9);
+}
 
-void CExpatReader::OnEndCdataSection() { m_tree.AppendTextExcludingCR(u"]]>", 3); }
+void CExpatReader::OnEndCdataSection() {
+  m_tree.AppendTextExcludingCR(u"]]>", 3);
+}
 
 }  // namespace KestXmlLib20::internal

@@ -16,7 +16,9 @@ constexpr std::size_t RoundUp(std::size_t bytes) {
   return (bytes + Arena::kAlignment - 1) & ~(Arena::kAlignment - 1);
 }
 
-constexpr std::size_t TextBytes(std::size_t units) { return (units + 1) * sizeof(char16_t); }
+constexpr std::size_t TextBytes(std::size_t units) {
+  return (units + 1) * sizeof(char16_t);
+}
 
 void CopyText(void* to, void const* text, std::size_t units) {
   std::memcpy(to, text, units * sizeof(char16_t));
@@ -168,8 +170,8 @@ void CXmlTree::EndElement() {
 
 void CXmlTree::Unlink(OpenElement const& open) {
   OpenElement& parent = Latest();
-  CXmlElement*& link = open.previousSibling ? open.previousSibling->m_nextSibling
-                                            : parent.element->m_firstChild;
+  CXmlElement*& link =
+      open.previousSibling ? open.previousSibling->m_nextSibling : parent.element->m_firstChild;
   link = nullptr;
   parent.lastChild = open.previousSibling;
 }
