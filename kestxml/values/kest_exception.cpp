@@ -54,7 +54,9 @@ std::u16string CKestException::GetFullMessage() const {
   return text;
 }
 
-CKestException* CKestException::Clone() const { return new CKestException(*this); }
+CKestException* CKestException::Clone() const {
+  return new CKestException(*this);
+}
 
 CKestValidationException::CKestValidationException(std::u16string message, std::u16string path)
     : CKestException(std::move(message), std::move(path)) {}

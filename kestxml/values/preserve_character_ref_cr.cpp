@@ -5,7 +5,11 @@ namespace {
 bool preserveCharacterRefCR = false;
 }
 
-bool GetPreserveCharacterRefCR() { return preserveCharacterRefCR; }
-void SetPreserveCharacterRefCR(bool preserve) { preserveCharacterRefCR = preserve; }
+bool GetPreserveCharacterRefCR() {
+  return preserveCharacterRefCR;
+}
+void SetPreserveCharacterRefCR(bool preserve) {
+  preserveCharacterRefCR = preserve;
+}
 
 }  // namespace KestXmlLib20

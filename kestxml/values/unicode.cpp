@@ -9,9 +9,15 @@ namespace {
 
 constexpr char16_t kReplacement = 0xFFFD;
 
-constexpr bool IsHigh(char16_t unit) { return (unit & 0xFC00) == 0xD800; }
-constexpr bool IsLow(char16_t unit) { return (unit & 0xFC00) == 0xDC00; }
-constexpr bool IsSurrogate(char16_t unit) { return (unit & 0xF800) == 0xD800; }
+constexpr bool IsHigh(char16_t unit) {
+  return (unit & 0xFC00) == 0xD800;
+}
+constexpr bool IsLow(char16_t unit) {
+  return (unit & 0xFC00) == 0xDC00;
+}
+constexpr bool IsSurrogate(char16_t unit) {
+  return (unit & 0xF800) == 0xD800;
+}
 
 char* Put(char* out, unsigned byte) {
   *out = static_cast<char>(byte);
