@@ -2,16 +2,21 @@
 
 #include <algorithm>
 #include <charconv>
-#include <climits>
 
 #include "kestxml/platform/c_locale.h"
+#include "kestxml/values/internal/ascii.h"
+#include "kestxml/values/unicode.h"
 
 namespace KestXmlLib20 {
+
+using internal::IsDigit;
+using internal::WidenAscii;
+
 namespace {
 
 struct Conversion {
   bool left = false, plus = false, blank = false, zero = false, alternate = false;
-  bool wide64 = false, narrow = false;
+  bool wide64 = false;
   int width = 0;
   int precision = -1;  // -1: none given
   char16_t type = 0;
@@ -33,8 +38,6 @@ class Arguments {
   std::span<FormatArgument const> m_rest;
 };
 
-bool IsDigit(char16_t unit) { return unit >= u'0' && unit <= u'9'; }
-
 // No message needs more; a format with a longer number is held to it.
 constexpr int kMaxField = 1'000'000;
 
@@ -53,6 +56,7 @@ int ParseField(char16_t const*& at, Arguments& arguments) {
 
 void ParseFlags(char16_t const*& at, Conversion& to) {
   for (;; ++at) {
+    // clang-format off
     switch (*at) {
       case u'-': to.left = true; break;
       case u'+': to.plus = true; break;
@@ -61,6 +65,7 @@ void ParseFlags(char16_t const*& at, Conversion& to) {
       case u'#': to.alternate = true; break;
       default: return;
     }
+    // clang-format on
   }
 }
 
@@ -69,13 +74,7 @@ void ParseSize(char16_t const*& at, Conversion& to) {
     to.wide64 = true;
     at += 3;
   }
-  for (;; ++at) {
-    if (*at == u'h') {
-      to.narrow = true;
-    } else if (*at != u'l' && *at != u'F' && *at != u'L' && *at != u'N') {
-      return;
-    }
-  }
+  while (std::u16string_view(u"hlFLN").find(*at) != std::u16string_view::npos) ++at;
 }
 
 // Reads the conversion behind a percent sign and moves past it.
@@ -110,11 +109,10 @@ void Pad(std::u16string& out, std::u16string_view sign, std::u16string_view body
 }
 
 void AppendText(std::u16string& out, std::u16string_view text, Conversion const& how) {
+  text = text.substr(0, text.find(u'\0'));
   if (how.precision >= 0) text = text.substr(0, static_cast<std::size_t>(how.precision));
   Pad(out, {}, text, how, how.zero);
 }
-
-std::u16string Widen(std::string_view text) { return {text.begin(), text.end()}; }
 
 std::u16string SignOf(bool negative, Conversion const& how) {
   if (negative) return u"-";
@@ -126,7 +124,7 @@ void AppendDigits(std::u16string& out, std::uint64_t magnitude, std::u16string s
                   Conversion const& how) {
   char buffer[32];
   char* const end = std::to_chars(buffer, buffer + sizeof buffer, magnitude, base).ptr;
-  std::u16string digits = Widen({buffer, static_cast<std::size_t>(end - buffer)});
+  std::u16string digits = WidenAscii({buffer, static_cast<std::size_t>(end - buffer)});
   if (how.type == u'X') {
     for (char16_t& unit : digits) unit = unit >= u'a' ? static_cast<char16_t>(unit - 32) : unit;
   }
@@ -139,8 +137,8 @@ void AppendDigits(std::u16string& out, std::uint64_t magnitude, std::u16string s
 }
 
 void AppendSigned(std::u16string& out, std::uint64_t bits, Conversion const& how) {
-  auto const value = how.wide64 ? static_cast<std::int64_t>(bits)
-                                : std::int64_t{static_cast<std::int32_t>(bits)};
+  auto const value =
+      how.wide64 ? static_cast<std::int64_t>(bits) : std::int64_t{static_cast<std::int32_t>(bits)};
   auto const magnitude = static_cast<std::uint64_t>(value);
   AppendDigits(out, value < 0 ? 0 - magnitude : magnitude, SignOf(value < 0, how), 10, how);
 }
@@ -159,7 +157,7 @@ void AppendDouble(std::u16string& out, double value, Conversion const& how) {
   if (how.alternate) format += '#';
   format += "*.*";
   format += static_cast<char>(how.type);
-  out += Widen(platform::PrintDouble(format.c_str(), how.width, how.precision, value));
+  out += WidenAscii(platform::PrintDouble(format.c_str(), how.width, how.precision, value));
 }
 
 void AppendUnit(std::u16string& out, std::uint64_t bits, Conversion const& how) {
@@ -169,13 +167,17 @@ void AppendUnit(std::u16string& out, std::uint64_t bits, Conversion const& how) 
 
 void AppendString(std::u16string& out, FormatArgument const& argument, Conversion const& how) {
   switch (argument.GetKind()) {
-    case FormatArgument::Kind::Wide: return AppendText(out, argument.GetWide(), how);
-    case FormatArgument::Kind::Narrow: return AppendText(out, Widen(argument.GetNarrow()), how);
-    default: return AppendText(out, u"(null)", how);
+    case FormatArgument::Kind::Wide:
+      return AppendText(out, argument.GetWide(), how);
+    case FormatArgument::Kind::Narrow:
+      return AppendText(out, FromUtf8(argument.GetNarrow()), how);
+    default:
+      return AppendText(out, u"(null)", how);
   }
 }
 
 void AppendConversion(std::u16string& out, Conversion const& how, Arguments& arguments) {
+  // clang-format off
   switch (how.type) {
     case u'd': case u'i': return AppendSigned(out, arguments.Next().GetInteger(), how);
     case u'u': return AppendUnsigned(out, arguments.Next().GetInteger(), 10, how);
@@ -189,6 +191,7 @@ void AppendConversion(std::u16string& out, Conversion const& how, Arguments& arg
     case 0: return;
     default: out += how.type;  // also the second half of "%%"
   }
+  // clang-format on
 }
 
 }  // namespace
