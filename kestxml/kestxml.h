@@ -24,6 +24,7 @@
 #include "kestxml/values/binary_data.h"
 #include "kestxml/values/compression.h"
 #include "kestxml/values/compression_type.h"
+#include "kestxml/values/conversions.h"
 #include "kestxml/values/critical_section.h"
 #include "kestxml/values/format_string.h"
 #include "kestxml/values/instance_monitor.h"
