@@ -1,0 +1,361 @@
+#include "kestxml/values/kest_variant.h"
+
+#include <array>
+#include <cstring>
+#include <iterator>
+#include <memory>
+#include <type_traits>
+#include <utility>
+
+#include "kestxml/binding/xml_object_base.h"
+#include "kestxml/values/binary_data.h"
+#include "kestxml/values/conversions.h"
+#include "kestxml/values/format_string.h"
+#include "kestxml/values/kest_exception.h"
+
+namespace KestXmlLib20 {
+namespace {
+
+using Rule = CWhitespaceUtils::WhitespaceRule;
+
+// What is done with the object that a variant points to. Neither is called with null.
+struct Storage {
+  void* (*share)(void* object);  // the pointer that a copy of the variant holds
+  void (*release)(void* object);
+};
+
+template <typename T>
+constexpr Storage kOwned = {
+    [](void* object) -> void* { return new T(*static_cast<T*>(object)); },
+    [](void* object) { std::unique_ptr<T> const last(static_cast<T*>(object)); },
+};
+
+template <typename T>
+constexpr Storage kCounted = {
+    [](void* object) -> void* {
+      static_cast<T*>(object)->AddRef();
+      return object;
+    },
+    [](void* object) { static_cast<T*>(object)->Release(); },
+};
+
+constexpr Storage const* kInside = nullptr;  // a scalar
+
+struct ValueKind {
+  ItemType type;
+  char16_t const* name;  // null: GetType has none
+  std::u16string (*write)(KestVariant const& from, char16_t const* format);  // null: no text form
+  void (*read)(KestVariant& to, std::u16string_view text, Rule rule);        // null: not from text
+  Storage const* storage;
+};
+
+template <auto Get, auto Print>
+std::u16string Write(KestVariant const& from, char16_t const* /*format*/) {
+  return Print((from.*Get)());
+}
+
+template <auto Get, auto Print>
+std::u16string WriteBy(KestVariant const& from, char16_t const* format) {
+  return Print((from.*Get)(), format ? format : u"");
+}
+
+template <auto Parse, auto Set>
+void Read(KestVariant& to, std::u16string_view text, Rule rule) {
+  (to.*Set)(Parse(text, rule));
+}
+
+using C = CConversions;
+using V = KestVariant;
+
+// clang-format off
+constexpr ValueKind kKinds[] = {
+    // type                 name             write                                                 read                                                   storage
+    {ItemType_Invalid,      nullptr,         nullptr,                                              nullptr,                                               kInside},
+    {ItemType_hexBinary,    u"hexBinary",    Write<&V::GetHexBinary, &C::hexBinaryToString>,       Read<&C::hexBinaryFromString, &V::SetHexBinary>,       &kOwned<CBinaryData>},
+    {ItemType_base64Binary, u"base64Binary", Write<&V::GetBase64Binary, &C::base64BinaryToString>, Read<&C::base64BinaryFromString, &V::SetBase64Binary>, &kOwned<CBinaryData>},
+    {ItemType_i1,           u"i1",           Write<&V::GetI1, &C::i1ToString>,                     Read<&C::i1FromString, &V::SetI1>,                     kInside},
+    {ItemType_i2,           u"i2",           Write<&V::GetI2, &C::i2ToString>,                     Read<&C::i2FromString, &V::SetI2>,                     kInside},
+    {ItemType_i4,           u"i4",           Write<&V::GetI4, &C::i4ToString>,                     Read<&C::i4FromString, &V::SetI4>,                     kInside},
+    {ItemType_i8,           u"i8",           Write<&V::GetI8, &C::i8ToString>,                     Read<&C::i8FromString, &V::SetI8>,                     kInside},
+    {ItemType_ui1,          u"ui1",          Write<&V::GetUI1, &C::ui1ToString>,                   Read<&C::ui1FromString, &V::SetUI1>,                   kInside},
+    {ItemType_ui2,          u"ui2",          Write<&V::GetUI2, &C::ui2ToString>,                   Read<&C::ui2FromString, &V::SetUI2>,                   kInside},
+    {ItemType_ui4,          u"ui4",          Write<&V::GetUI4, &C::ui4ToString>,                   Read<&C::ui4FromString, &V::SetUI4>,                   kInside},
+    {ItemType_ui8,          u"ui8",          Write<&V::GetUI8, &C::ui8ToString>,                   Read<&C::ui8FromString, &V::SetUI8>,                   kInside},
+    {ItemType_r4,           u"r4",           WriteBy<&V::GetR4, &C::r4ToString>,                   Read<&C::r4FromString, &V::SetR4>,                     kInside},
+    {ItemType_r8,           u"r8",           WriteBy<&V::GetR8, &C::r8ToString>,                   Read<&C::r8FromString, &V::SetR8>,                     kInside},
+    {ItemType_year,         u"year",         Write<&V::GetYear, &C::yearToString>,                 nullptr,                                               kInside},
+    {ItemType_month,        u"month",        Write<&V::GetMonth, &C::monthToString>,               nullptr,                                               kInside},
+    {ItemType_day,          u"day",          Write<&V::GetDay, &C::dayToString>,                   nullptr,                                               kInside},
+    {ItemType_char,         u"char",         Write<&V::GetChar, &C::charToString>,                 Read<&C::charFromString, &V::SetChar>,                 kInside},
+    {ItemType_string,       u"string",       Write<&V::GetString, &C::stringToString>,             Read<&C::stringFromString, &V::SetString>,             &kOwned<std::u16string>},
+    {ItemType_boolean,      u"boolean",      Write<&V::GetBoolean, &C::booleanToString>,           Read<&C::booleanFromString, &V::SetBoolean>,           kInside},
+    {ItemType_xmlObject,    nullptr,         nullptr,                                              nullptr,                                               &kCounted<CXmlObjectBase>},
+};
+// clang-format on
+
+constexpr bool InEnumOrder() {
+  for (std::size_t i = 1; i < std::size(kKinds); ++i) {
+    if (kKinds[i - 1].type >= kKinds[i].type) return false;
+  }
+  return true;
+}
+static_assert(InEnumOrder());
+
+using KindIndex = std::array<ValueKind const*, kItemTypeCount>;
+
+constexpr KindIndex MakeIndex() {
+  KindIndex index = {};
+  for (ValueKind const& kind : kKinds) index[static_cast<std::size_t>(kind.type)] = &kind;
+  return index;
+}
+
+// Null where a variant can't hold the kind.
+constexpr KindIndex kIndex = MakeIndex();
+
+ValueKind const* Find(ItemType type) {
+  bool const known = type >= 0 && type < kItemTypeCount;
+  return known ? kIndex[static_cast<std::size_t>(type)] : nullptr;
+}
+
+Storage const* StorageOf(ItemType type) {
+  ValueKind const* const kind = Find(type);
+  return kind ? kind->storage : nullptr;
+}
+
+[[noreturn]] void ThrowWithoutText(ItemType type) {
+  throw CKestException(FormatString(u"Invalid Type %d to convert to string", type));
+}
+
+}  // namespace
+
+template <typename T>
+void KestVariant::Store(T value) {
+  static_assert(std::is_trivially_copyable_v<T> && sizeof value <= sizeof m_value);
+  m_value = 0;
+  std::memcpy(&m_value, &value, sizeof value);
+}
+
+template <typename T>
+T KestVariant::Load() const {
+  T value;
+  std::memcpy(&value, &m_value, sizeof value);
+  return value;
+}
+
+template <typename T>
+void KestVariant::SetScalar(ItemType type, T value) {
+  Clear();
+  m_type = type;
+  Store(value);
+}
+
+template <typename T>
+void KestVariant::SetOwned(ItemType type, T value) {
+  auto owner = std::make_unique<T>(std::move(value));
+  SetScalar<void*>(type, owner.release());
+}
+
+template <typename T>
+T const* KestVariant::GetOwned() const {
+  return StorageOf(m_type) == &kOwned<T> ? static_cast<T const*>(Load<void*>()) : nullptr;
+}
+
+KestVariant::KestVariant(KestVariant const& other) : m_nil(other.m_nil), m_type(other.m_type) {
+  ValueKind const* const kind = Find(m_type);
+  if (!kind) throw CKestException(u"Unknown Type");
+  if (m_nil) return;
+  m_value = other.m_value;
+  if (kind->storage && m_value != 0) Store(kind->storage->share(Load<void*>()));
+}
+
+KestVariant::KestVariant(KestVariant&& other) noexcept {
+  Swap(other);
+}
+
+KestVariant& KestVariant::operator=(KestVariant const& other) {
+  KestVariant copy(other);
+  Swap(copy);
+  return *this;
+}
+
+KestVariant& KestVariant::operator=(KestVariant&& other) noexcept {
+  KestVariant taken(std::move(other));
+  Swap(taken);
+  return *this;
+}
+
+KestVariant::~KestVariant() {
+  ReleaseValue();
+}
+
+void KestVariant::Swap(KestVariant& other) noexcept {
+  std::swap(m_nil, other.m_nil);
+  std::swap(m_type, other.m_type);
+  std::swap(m_value, other.m_value);
+}
+
+void KestVariant::ReleaseValue() {
+  Storage const* const storage = StorageOf(m_type);
+  if (storage && m_value != 0) storage->release(Load<void*>());
+  m_value = 0;
+}
+
+void KestVariant::Clear() {
+  if (m_type == ItemType_Invalid) return;
+  ReleaseValue();
+  m_type = ItemType_Invalid;
+  m_nil = false;
+}
+
+void KestVariant::SetNil() {
+  ReleaseValue();
+  m_nil = true;
+}
+
+std::u16string KestVariant::GetType() const {
+  ValueKind const* const kind = Find(m_type);
+  if (!kind || !kind->name) throw CKestException(FormatString(u"Invalid Type %d", m_type));
+  return kind->name;
+}
+
+std::u16string KestVariant::ToString(char16_t const* format) const {
+  ValueKind const* const kind = Find(m_type);
+  if (!kind || !kind->write) ThrowWithoutText(m_type);
+  return kind->write(*this, format);
+}
+
+void KestVariant::FromString(std::u16string_view text, ItemType type, Rule rule) {
+  ValueKind const* const kind = Find(type);
+  if (!kind || !kind->read) ThrowWithoutText(m_type);
+  kind->read(*this, text, rule);
+}
+
+void KestVariant::SetHexBinary(CBinaryData const& value) {
+  SetOwned(ItemType_hexBinary, value);
+}
+void KestVariant::SetBase64Binary(CBinaryData const& value) {
+  SetOwned(ItemType_base64Binary, value);
+}
+void KestVariant::SetI1(signed char value) {
+  SetScalar(ItemType_i1, value);
+}
+void KestVariant::SetI2(std::int16_t value) {
+  SetScalar(ItemType_i2, value);
+}
+void KestVariant::SetI4(std::int32_t value) {
+  SetScalar(ItemType_i4, value);
+}
+void KestVariant::SetI8(std::int64_t value) {
+  SetScalar(ItemType_i8, value);
+}
+void KestVariant::SetUI1(unsigned char value) {
+  SetScalar(ItemType_ui1, value);
+}
+void KestVariant::SetUI2(std::uint16_t value) {
+  SetScalar(ItemType_ui2, value);
+}
+void KestVariant::SetUI4(std::uint32_t value) {
+  SetScalar(ItemType_ui4, value);
+}
+void KestVariant::SetUI8(std::uint64_t value) {
+  SetScalar(ItemType_ui8, value);
+}
+void KestVariant::SetR4(float value) {
+  SetScalar(ItemType_r4, value);
+}
+void KestVariant::SetR8(double value) {
+  SetScalar(ItemType_r8, value);
+}
+void KestVariant::SetYear(std::uint16_t value) {
+  SetScalar(ItemType_year, value);
+}
+void KestVariant::SetMonth(unsigned char value) {
+  SetScalar(ItemType_month, value);
+}
+void KestVariant::SetDay(unsigned char value) {
+  SetScalar(ItemType_day, value);
+}
+void KestVariant::SetChar(char16_t value) {
+  SetScalar(ItemType_char, value);
+}
+void KestVariant::SetString(std::u16string value) {
+  SetOwned(ItemType_string, std::move(value));
+}
+void KestVariant::SetBoolean(bool value) {
+  SetScalar(ItemType_boolean, value);
+}
+
+// The new reference comes first: the old one may be the last to the same object.
+void KestVariant::SetXmlObject(CXmlObjectBase* value) {
+  if (value) value->AddRef();
+  SetScalar<void*>(ItemType_xmlObject, value);
+}
+
+CBinaryData KestVariant::GetHexBinary() const {
+  auto const* const data = GetOwned<CBinaryData>();
+  return data ? *data : CBinaryData();
+}
+
+CBinaryData KestVariant::GetBase64Binary() const {
+  return GetHexBinary();
+}
+
+signed char KestVariant::GetI1() const {
+  return Load<signed char>();
+}
+std::int16_t KestVariant::GetI2() const {
+  return Load<std::int16_t>();
+}
+std::int32_t KestVariant::GetI4() const {
+  return Load<std::int32_t>();
+}
+std::int64_t KestVariant::GetI8() const {
+  return Load<std::int64_t>();
+}
+unsigned char KestVariant::GetUI1() const {
+  return Load<unsigned char>();
+}
+std::uint16_t KestVariant::GetUI2() const {
+  return Load<std::uint16_t>();
+}
+std::uint32_t KestVariant::GetUI4() const {
+  return Load<std::uint32_t>();
+}
+std::uint64_t KestVariant::GetUI8() const {
+  return Load<std::uint64_t>();
+}
+float KestVariant::GetR4() const {
+  return Load<float>();
+}
+double KestVariant::GetR8() const {
+  return Load<double>();
+}
+std::uint16_t KestVariant::GetYear() const {
+  return Load<std::uint16_t>();
+}
+unsigned char KestVariant::GetMonth() const {
+  return Load<unsigned char>();
+}
+unsigned char KestVariant::GetDay() const {
+  return Load<unsigned char>();
+}
+char16_t KestVariant::GetChar() const {
+  return Load<char16_t>();
+}
+// Not as a bool: the byte may be that of another kind.
+bool KestVariant::GetBoolean() const {
+  return Load<unsigned char>() != 0;
+}
+
+std::u16string const& KestVariant::GetString() const {
+  static std::u16string const empty;
+  auto const* const text = GetOwned<std::u16string>();
+  return text ? *text : empty;
+}
+
+CSmartPtr<CXmlObjectBase> KestVariant::GetXmlObject() const {
+  bool const object = StorageOf(m_type) == &kCounted<CXmlObjectBase>;
+  return object ? static_cast<CXmlObjectBase*>(Load<void*>()) : nullptr;
+}
+
+}  // namespace KestXmlLib20
