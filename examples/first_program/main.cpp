@@ -2,4 +2,6 @@
 
 #include <iostream>
 
-int main() { std::cout << KestXmlLib20::ToUtf8(u"Hello, 世界!") << '\n'; }
+int main() {
+  std::cout << KestXmlLib20::ToUtf8(u"Hello, 世界!") << '\n';
+}
