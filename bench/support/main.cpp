@@ -6,6 +6,7 @@
 #include <stdexcept>
 #include <utility>
 
+#include "bench/support/fresh_process.h"
 #include "bench/support/measure.h"
 #include "bench/support/orders_document.h"
 #include "bench/support/ratio_reporter.h"
@@ -69,6 +70,7 @@ int RunBenchmarks(int argc, char** argv) {
   count = static_cast<int>(arguments.size());
   if (benchmark::ReportUnrecognizedArguments(count, arguments.data())) return 1;
 
+  CFirstMeasure::RegisterAll();
   CMeasure::RegisterAll();
   CRatioReporter reporter;
   for (int round = 0; round < g_commandLine.rounds; ++round) {

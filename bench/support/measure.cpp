@@ -1,8 +1,9 @@
 #include "bench/support/measure.h"
 
-#include <stdexcept>
+#include <exception>
 
-#include "bench/support/expat_floor.h"
+#include "kestxml/values/kest_exception.h"
+#include "kestxml/values/unicode.h"
 
 namespace KestBench {
 namespace {
@@ -20,17 +21,23 @@ std::vector<Declared>& DeclaredMeasures() {
 void RunOn(benchmark::State& state, CMeasure::Run run, BenchDocument const& document) {
   try {
     run(state, document);
-  } catch (std::exception const& failure) {
-    state.SkipWithError(failure.what());
+  } catch (...) {
+    state.SkipWithError(TextOfFailure().c_str());
   }
   state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(document.bytes.size()));
 }
 
-CMeasure const g_floor("floor", [](benchmark::State& state, BenchDocument const& document) {
-  for (auto _ : state) ParseWithBareExpat(document.bytes);
-});
-
 }  // namespace
+
+std::string TextOfFailure() {
+  try {
+    throw;
+  } catch (KestXmlLib20::CKestException const& failure) {
+    return KestXmlLib20::ToUtf8(failure.GetFullMessage());
+  } catch (std::exception const& failure) {
+    return failure.what();
+  }
+}
 
 CMeasure::CMeasure(char const* name, Run run) {
   DeclaredMeasures().push_back({name, run});

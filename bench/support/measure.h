@@ -18,6 +18,9 @@ struct BenchDocument {
 /// orders_document.h. Valid until the process ends.
 std::vector<BenchDocument> const& BenchDocuments();
 
+/// What the exception that is being handled says.
+std::string TextOfFailure();
+
 /// Declares a benchmark that runs on each document. One object of namespace scope for each:
 ///
 ///     CMeasure const g_load("load", [](benchmark::State& state, BenchDocument const& document) {

@@ -30,6 +30,7 @@ class CRatioReporter : public benchmark::ConsoleReporter {
   struct Samples {
     std::vector<double> seconds;  // CPU time an iteration, one for each round
     double bytes = 0;             // that an iteration went through; 0 when not told
+    std::string memory;           // the counters "held" and "peak", when there are any
   };
   using Measures = std::map<std::string, Samples>;
 
