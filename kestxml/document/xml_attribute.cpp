@@ -22,7 +22,7 @@ std::u16string CXmlAttribute::GetXPath() const {
   std::u16string path = m_element->GetXPath();
   path += u'/';
   if (!m_name->namespaceURI.empty()) {
-    auto const prefix = m_name->document->LookupAliasFromNamespace(m_name->namespaceURI);
+    auto const prefix = m_name->GetDocument()->LookupAliasFromNamespace(m_name->namespaceURI);
     if (!prefix.empty()) path.append(prefix).append(u":");
   }
   return path.append(u"@").append(m_name->localName);

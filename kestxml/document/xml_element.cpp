@@ -17,7 +17,7 @@ class Prefixes {
   std::u16string const& Of(XmlName const& name) {
     if (name.namespaceURI.empty()) return m_none;
     auto const [at, isNew] = m_prefixes.try_emplace(name.namespaceURI.data());
-    if (isNew) at->second = name.document->LookupAliasFromNamespace(name.namespaceURI);
+    if (isNew) at->second = name.GetDocument()->LookupAliasFromNamespace(name.namespaceURI);
     return at->second;
   }
 

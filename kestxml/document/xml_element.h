@@ -26,7 +26,7 @@ class KESTXML_API CXmlElement {
   CXmlElement(CXmlElement const&) = delete;
   CXmlElement& operator=(CXmlElement const&) = delete;
 
-  CXmlDocument const* GetDocument() const { return m_name->document; }
+  CXmlDocument const* GetDocument() const { return m_name->GetDocument(); }
   /// Null for the root.
   CXmlElement const* GetParentElm() const { return m_parent; }
   /// Null for the last child of its parent.

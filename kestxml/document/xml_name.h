@@ -13,7 +13,9 @@ class CXmlDocument;
 struct XmlName {
   std::u16string_view namespaceURI;
   std::u16string_view localName;
-  CXmlDocument const* document;
+  CXmlDocument const* const* owner;  ///< where the document that uses the name is noted
+
+  CXmlDocument const* GetDocument() const { return *owner; }
 };
 
 }  // namespace KestXmlLib20

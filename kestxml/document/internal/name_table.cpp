@@ -12,6 +12,7 @@ constexpr std::size_t kFirstBuckets = 128;
 // A stream of like elements brings the same names again and again: they are kept until there are
 // more of them than any ordinary vocabulary has.
 constexpr std::size_t kNamesWorthKeeping = 4096;
+constexpr std::size_t kBytesWorthKeeping = std::size_t{64} * 1024;  // for the next document
 
 struct HashKey {
   std::uint64_t first;
@@ -82,6 +83,7 @@ std::u16string_view NameTable::Store(std::u16string_view text) {
   if (text.empty()) return u"";
   std::size_t const bytes = text.size() * sizeof(char16_t);
   auto* const copy = static_cast<char16_t*>(m_arena.Allocate(bytes + sizeof(char16_t)));
+  m_storedBytes += bytes;
   std::memcpy(copy, text.data(), bytes);
   copy[text.size()] = u'\0';
   return {copy, text.size()};
@@ -101,7 +103,7 @@ std::u16string_view NameTable::InternUri(std::u16string_view uri) {
 }
 
 XmlName const* NameTable::Add(void const* key, std::size_t units, std::uint64_t hash,
-                              SpellKey spell, CXmlDocument const* document) {
+                              SpellKey spell, CXmlDocument const* const* owner) {
   if (m_entries.size() >= m_buckets.size()) Grow();
   std::size_t const bytes = units * sizeof(char16_t);
   auto* const entry = new (m_arena.Allocate(sizeof(Entry) + bytes)) Entry;
@@ -109,7 +111,7 @@ XmlName const* NameTable::Add(void const* key, std::size_t units, std::uint64_t 
   std::u16string copy(units, u'\0');
   std::memcpy(copy.data(), key, bytes);
   Spelling const spelling = spell(copy);
-  entry->name = {InternUri(spelling.namespaceURI), Store(spelling.localName), document};
+  entry->name = {InternUri(spelling.namespaceURI), Store(spelling.localName), owner};
   entry->hash = hash;
   entry->units = units;
   m_entries.push_back(entry);
@@ -147,17 +149,16 @@ void NameTable::ReleaseTo(Mark const& mark) {
   m_arena.ReleaseTo(mark.m_arena);
 }
 
-void NameTable::Reset(std::size_t bytes) {
-  if (m_buckets.size() * sizeof(Entry*) > bytes) {
-    m_buckets = std::vector<Entry*>(kFirstBuckets);
-    m_entries = {};
-    m_uris = {};
-  } else {
-    std::ranges::fill(m_buckets, nullptr);
-    m_entries.clear();
-    m_uris.clear();
-  }
-  m_arena.ResetAndTrim(bytes);
+void NameTable::Reset() {
+  if (m_entries.size() > kFirstBuckets || m_storedBytes > kBytesWorthKeeping) Clear();
+}
+
+void NameTable::Clear() {
+  m_buckets = std::vector<Entry*>(kFirstBuckets);
+  m_entries = std::vector<Entry*>();
+  m_uris = std::vector<std::u16string_view>();
+  m_arena.ResetAndTrim(0);
+  m_storedBytes = 0;
 }
 
 }  // namespace KestXmlLib20::internal

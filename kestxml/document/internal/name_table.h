@@ -12,7 +12,8 @@
 
 namespace KestXmlLib20::internal {
 
-/// Finds the XmlName of a key, which is the name as a parser front end spells it. The hash is
+/// Finds the XmlName of a key, which is the name as a parser front end spells it; all names have
+/// one owner. The hash is
 /// keyed with a number that a document's author can't know, so names can't be made to collide.
 class NameTable {
  public:
@@ -29,10 +30,10 @@ class NameTable {
 
   /// @param key @p units 16-bit units, of whatever type; only their bytes are looked at.
   XmlName const* Intern(void const* key, std::size_t units, SpellKey spell,
-                        CXmlDocument const* document) {
+                        CXmlDocument const* const* owner) {
     std::uint64_t const hash = Hash(key, units * sizeof(char16_t));
     if (Entry const* const entry = Find(key, units, hash)) return &entry->name;
-    return Add(key, units, hash, spell, document);
+    return Add(key, units, hash, spell, owner);
   }
 
   class Mark {
@@ -45,8 +46,9 @@ class NameTable {
   /// Forgets the names that came since @p mark, if they are many.
   void ReleaseTo(Mark const& mark);
 
-  /// Forgets all names and keeps memory of at most @p bytes for the next document.
-  void Reset(std::size_t bytes);
+  /// Makes ready for the next document, which often has the same names: they stay, unless they are
+  /// many or large.
+  void Reset();
 
  private:
   // Entries of one bucket are chained with the latest first, so that those behind a mark can be
@@ -63,16 +65,18 @@ class NameTable {
   static std::uint64_t Hash(void const* bytes, std::size_t length);
   Entry* Find(void const* key, std::size_t units, std::uint64_t hash) const;
   XmlName const* Add(void const* key, std::size_t units, std::uint64_t hash, SpellKey spell,
-                     CXmlDocument const* document);
+                     CXmlDocument const* const* owner);
   std::u16string_view InternUri(std::u16string_view uri);
   std::u16string_view Store(std::u16string_view text);
   Entry*& Bucket(std::uint64_t hash) { return m_buckets[hash & (m_buckets.size() - 1)]; }
   void Grow();
+  void Clear();
 
   std::vector<Entry*> m_buckets;  // a power of two
   std::vector<Entry*> m_entries;  // in order of coming
   std::vector<std::u16string_view> m_uris;
   Arena m_arena;
+  std::size_t m_storedBytes = 0;
 };
 
 }  // namespace KestXmlLib20::internal

@@ -36,8 +36,9 @@ void CXmlTree::Begin(CXmlDocument const& document, ElementCallback callback,
   m_elementCount = 0;
   m_declarationCount = 0;
   m_depth = 0;
+  m_indentations = {};
   m_nodes.Reset();
-  m_names.Reset(kKeptBytes);
+  m_names.Reset();
   m_aliases.clear();
   SettleNames();
 }
@@ -47,7 +48,7 @@ void CXmlTree::Trim() {
   m_depth = 0;
   m_aliases.clear();
   m_nodes.ResetAndTrim(kKeptBytes / 2);
-  m_names.Reset(kKeptBytes / 8);
+  m_names.Reset();
   if (m_open.size() > 64) {
     m_open = std::vector<OpenElement>();
   } else {
@@ -128,12 +129,13 @@ void CXmlTree::Open(CXmlElement* element, Arena::Mark const& nodesBefore) {
   if (m_depth == 0) {
     m_root = element;
   } else {
-    OpenElement& parent = Latest();
+    OpenElement& parent = m_open[m_depth - 1];
     open.previousSibling = parent.lastChild;
     (parent.lastChild ? parent.lastChild->m_nextSibling : parent.element->m_firstChild) = element;
     parent.lastChild = element;
   }
   ++m_depth;
+  m_latest = &open;
 }
 
 void CXmlTree::AppendTextExcludingCR(void const* text, std::uint32_t units) {
@@ -151,15 +153,25 @@ void CXmlTree::AppendTextExcludingCR(void const* text, std::uint32_t units) {
 void CXmlTree::StoreText(OpenElement& open) {
   std::uint32_t const units = open.text.GetLength();
   if (units == 0) return;
-  void* const stored = m_nodes.Allocate(TextBytes(units));
-  std::memcpy(stored, open.text.GetData(), TextBytes(units));
-  open.element->m_text = static_cast<char16_t const*>(stored);
+  std::u16string_view const text(open.text.GetData(), units);
+  // Memory that an element gives back must not hold what others refer to.
+  bool const mayBeShared = open.lastChild && !m_callback;
+  auto& latest = m_indentations[units % m_indentations.size()];
+  if (mayBeShared && latest == text) {
+    open.element->m_text = latest.data();
+    return;
+  }
+  auto* const stored = static_cast<char16_t*>(m_nodes.Allocate(TextBytes(units)));
+  std::memcpy(stored, text.data(), TextBytes(units));
+  open.element->m_text = stored;
+  if (mayBeShared) latest = {stored, units};
 }
 
 void CXmlTree::EndElement() {
   OpenElement& open = Latest();
   StoreText(open);
   --m_depth;
+  m_latest = m_depth == 0 ? nullptr : &open - 1;
   if (!m_callback || !m_callback(open.element)) return;
   if (m_depth == 0) return;  // nothing is left to take the root away from
   Unlink(open);

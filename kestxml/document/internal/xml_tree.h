@@ -1,6 +1,7 @@
 // The tree of one document, and how a parser front end builds it.
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <map>
@@ -45,7 +46,7 @@ class CXmlTree {
   }
 
   XmlName const* InternName(void const* key, std::size_t units, NameTable::SpellKey spell) {
-    return m_names.Intern(key, units, spell, m_document);
+    return m_names.Intern(key, units, spell, &m_document);
   }
   /// Binds @p prefix to @p uri in the document's one flat alias map.
   void AddAlias(std::u16string prefix, std::u16string uri);
@@ -68,7 +69,7 @@ class CXmlTree {
     TextBuffer text;
   };
 
-  OpenElement& Latest() { return m_open[m_depth - 1]; }
+  OpenElement& Latest() { return *m_latest; }
   std::u16string PathOfLatest() const;
   void TestLimits(std::size_t attributes);
   CXmlElement* MakeElement(CXmlElement const* parent, XmlName const* name,
@@ -85,9 +86,13 @@ class CXmlTree {
   std::uint64_t m_elementCount = 0;
   std::uint64_t m_declarationCount = 0;  // namespace declarations since the latest start tag
   std::size_t m_depth = 0;
+  OpenElement* m_latest = nullptr;
   std::vector<OpenElement> m_open;  // the first m_depth are open, the rest keep their memory
   Arena m_nodes;
   NameTable m_names;
+  // The latest texts of elements that have children, by length. In an indented document these are
+  // line ends and blanks, the same again and again, so they are held once.
+  std::array<std::u16string_view, 16> m_indentations;
   NameTable::Mark m_settledNames;  // those that were there before the element that comes next
   std::map<std::u16string, std::u16string, std::less<>> m_aliases;
 };
