@@ -11,7 +11,7 @@ CBinaryStream::~CBinaryStream() = default;
 
 CFileBinaryStream::CFileBinaryStream(CBinaryData const& data, char16_t const* fileName,
                                      XmlEncoding encoding)
-    : CBinaryStream(data), m_fileName(fileName), m_encoding(encoding) {}
+    : CBinaryStream(data), m_fileName(fileName ? fileName : u""), m_encoding(encoding) {}
 
 void CFileBinaryStream::WriteToFile() {
   platform::File file = internal::CreateOutputFile(m_fileName, m_encoding);

@@ -17,7 +17,7 @@ void TestWritten(platform::ErrorCode error) {
 }  // namespace
 
 CFileTextStream::CFileTextStream(char16_t const* fileName, XmlEncoding encoding)
-    : CTextStream(encoding), m_fileName(fileName) {}
+    : CTextStream(encoding), m_fileName(fileName ? fileName : u"") {}
 
 CFileTextStream::~CFileTextStream() = default;
 

@@ -2,8 +2,7 @@
 
 #include <algorithm>
 
-#include "kestxml/values/format_string.h"
-#include "kestxml/values/kest_exception.h"
+#include "kestxml/values/internal/length_limit.h"
 
 namespace KestXmlLib20 {
 namespace {
@@ -12,10 +11,7 @@ namespace {
 constexpr std::size_t kKeptBlocks = 2;
 
 void TestRoom(std::uint32_t length, std::size_t more) {
-  if (more > CStringBuffer::kMaxLength - length) {
-    throw CKestException(
-        FormatString(u"The document exceeds the limit of %I64u bytes.", std::uint64_t{0xFFFFFFFF}));
-  }
+  if (more > CStringBuffer::kMaxLength - length) internal::ThrowTooManyBytes();
 }
 
 }  // namespace

@@ -7,6 +7,7 @@
 
 #include "kestxml/values/base64.h"
 #include "kestxml/values/format_string.h"
+#include "kestxml/values/internal/length_limit.h"
 #include "kestxml/values/internal/malloc_bytes.h"
 #include "kestxml/values/kest_exception.h"
 
@@ -31,10 +32,7 @@ std::u16string_view View(char16_t const* text) {
 }
 
 void TestLength(std::size_t length) {
-  if (length > CBinaryData::kMaxLength) {
-    throw CKestException(FormatString(u"The document exceeds the limit of %I64u bytes.",
-                                      std::uint64_t{CBinaryData::kMaxLength}));
-  }
+  if (length > CBinaryData::kMaxLength) internal::ThrowTooManyBytes();
 }
 
 std::uint32_t ByteLength(std::u16string_view text) {
