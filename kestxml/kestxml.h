@@ -31,6 +31,7 @@
 #include "kestxml/values/item_type.h"
 #include "kestxml/values/kest_exception.h"
 #include "kestxml/values/kest_variant.h"
+#include "kestxml/values/length_limit.h"
 #include "kestxml/values/preserve_character_ref_cr.h"
 #include "kestxml/values/smart_ptr.h"
 #include "kestxml/values/unicode.h"

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "kestxml/values/internal/length_limit.h"
+#include "kestxml/values/length_limit.h"
 
 namespace KestXmlLib20 {
 namespace {
@@ -11,7 +11,7 @@ namespace {
 constexpr std::size_t kKeptBlocks = 2;
 
 void TestRoom(std::uint32_t length, std::size_t more) {
-  if (more > CStringBuffer::kMaxLength - length) internal::ThrowTooManyBytes();
+  if (more > CStringBuffer::kMaxLength - length) ThrowTooManyBytes();
 }
 
 }  // namespace

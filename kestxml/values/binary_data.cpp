@@ -7,9 +7,9 @@
 
 #include "kestxml/values/base64.h"
 #include "kestxml/values/format_string.h"
-#include "kestxml/values/internal/length_limit.h"
 #include "kestxml/values/internal/malloc_bytes.h"
 #include "kestxml/values/kest_exception.h"
+#include "kestxml/values/length_limit.h"
 
 namespace KestXmlLib20 {
 namespace {
@@ -32,7 +32,7 @@ std::u16string_view View(char16_t const* text) {
 }
 
 void TestLength(std::size_t length) {
-  if (length > CBinaryData::kMaxLength) internal::ThrowTooManyBytes();
+  if (length > CBinaryData::kMaxLength) ThrowTooManyBytes();
 }
 
 std::uint32_t ByteLength(std::u16string_view text) {
