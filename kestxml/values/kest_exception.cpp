@@ -29,6 +29,9 @@ CKestException::CKestException(std::u16string message, std::u16string path,
       m_path(std::move(path)),
       m_inner(inner.Clone()) {}
 
+CKestException::CKestException(CKestException const& other)
+    : m_message(other.m_message), m_path(other.m_path), m_inner(other.m_inner) {}
+
 CKestException& CKestException::operator=(CKestException const& other) {
   if (this == &other) return *this;
   if (m_inner) m_replacedInners.push_back(m_inner);

@@ -22,7 +22,7 @@ class KESTXML_API CKestException {
   CKestException(std::u16string message, std::u16string path);
   CKestException(std::u16string message, std::u16string path, CKestException const& inner);
 
-  CKestException(CKestException const&) = default;
+  CKestException(CKestException const& other);
   CKestException(CKestException&&) = default;
   /// Takes over message and inner failure but leaves the path as it was: the path text that
   /// travels is the one inside the message. A pointer that GetInnerException gave before stays
@@ -48,7 +48,7 @@ class KESTXML_API CKestException {
   std::u16string m_path;
   // A failure is immutable once it is an inner one, so copies of a chain share it.
   std::shared_ptr<CKestException const> m_inner;
-  std::vector<std::shared_ptr<CKestException const>> m_replacedInners;
+  std::vector<std::shared_ptr<CKestException const>> m_replacedInners;  // copies need none of them
 };
 
 /// A document or an object that does not satisfy the structure that its schema asks for.
