@@ -7,8 +7,8 @@
 #include "kestxml/document/internal/expat_reader.h"
 #include "kestxml/document/internal/xml_tree.h"
 #include "kestxml/document/xml_element.h"
-#include "kestxml/values/format_string.h"
 #include "kestxml/values/kest_exception.h"
+#include "kestxml/values/length_limit.h"
 
 namespace KestXmlLib20 {
 namespace {

@@ -4,8 +4,7 @@
 #include <cstring>
 #include <utility>
 
-#include "kestxml/values/format_string.h"
-#include "kestxml/values/kest_exception.h"
+#include "kestxml/values/length_limit.h"
 
 namespace KestXmlLib20::internal {
 namespace {
@@ -17,10 +16,7 @@ constexpr std::uint64_t kMostUnits = (std::uint64_t{1} << 31) - 1;  // a zero un
 
 void TextBuffer::Grow(std::uint32_t units) {
   std::uint64_t const needed = std::uint64_t{m_length} + units + 1;
-  if (needed > kMostUnits) {
-    throw CKestException(
-        FormatString(u"The document exceeds the limit of %I64u bytes.", UINT32_MAX));
-  }
+  if (needed > kMostUnits) ThrowTooManyBytes();
   std::uint64_t const doubled = std::max(std::uint64_t{m_capacity} * 2, kFirstCapacity);
   auto const capacity = static_cast<std::uint32_t>(std::min(std::max(needed, doubled), kMostUnits));
   auto grown = std::make_unique_for_overwrite<char16_t[]>(capacity);
