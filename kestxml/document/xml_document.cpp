@@ -25,7 +25,7 @@ std::unique_ptr<CXmlTree>& SpareTree() {
 // Lengths have 32 bits: what needs more is refused, not cut.
 std::uint32_t LengthOf(std::size_t bytes) {
   if (bytes <= UINT32_MAX) return static_cast<std::uint32_t>(bytes);
-  throw CKestException(FormatString(u"The document exceeds the limit of %I64u bytes.", UINT32_MAX));
+  ThrowTooManyBytes();
 }
 
 std::unique_ptr<CXmlTree> TakeTree() {
