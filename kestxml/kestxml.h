@@ -17,6 +17,7 @@
 #include "kestxml/document/xml_element.h"
 #include "kestxml/document/xml_name.h"
 #include "kestxml/document/xml_namespaces.h"
+#include "kestxml/document/xml_text_writer.h"
 #include "kestxml/document/xml_writer.h"
 #include "kestxml/document/xml_writer_context.h"
 #include "kestxml/platform/message_channel.h"

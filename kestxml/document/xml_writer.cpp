@@ -3,13 +3,12 @@
 #include "kestxml/binding/serialization_limits.h"
 #include "kestxml/document/internal/namespace_scope.h"
 #include "kestxml/document/internal/same_text.h"
+#include "kestxml/document/xml_namespaces.h"
 #include "kestxml/document/xml_writer_context.h"
 #include "kestxml/values/kest_exception.h"
 
 namespace KestXmlLib20 {
 namespace {
-
-constexpr std::u16string_view kXmlNamespace = u"http://www.w3.org/XML/1998/namespace";
 
 constexpr std::size_t kLetters = 26;
 
@@ -30,31 +29,38 @@ std::size_t NumberOfAlias(std::u16string_view prefix) {
          static_cast<std::size_t>(prefix[1] - u'A');
 }
 
+// A copy of @p text that lies in @p storage, which grows and never shrinks.
+inline std::u16string_view Store(std::u16string_view text, std::u16string& storage) {
+  if (text.size() > storage.size()) storage.resize(text.size());
+  std::char_traits<char16_t>::move(storage.data(), text.data(), text.size());
+  return {storage.data(), text.size()};
+}
+
 }  // namespace
 
 CXmlWriter::CXmlWriterContext::CXmlWriterContext() = default;
 CXmlWriter::CXmlWriterContext::~CXmlWriterContext() = default;
 
-void CXmlWriter::CXmlWriterContext::Begin(CXmlWriterContext* parent, std::u16string_view localName,
+inline void CXmlWriter::CXmlWriterContext::Begin(CXmlWriterContext* parent, std::u16string_view localName,
                                           std::u16string_view uri) {
   m_childCount = 0;
   m_startTagOpen = true;
   m_depth = parent ? parent->m_depth + 1 : 0;
   m_writerState = false;
   m_arrayState = 0;
-  m_localName = localName;
+  m_localName = Store(localName, m_nameStorage);
   m_pParent = parent;
   if (parent) {
     m_pOwnScope.reset();
     m_pScope = parent->m_pScope;
   }
-  std::u16string const& inForce = m_pScope->GetDefaultNamespace();
-  m_namespaceURI = internal::IsSameText(uri, inForce) ? inForce : m_uriStorage.assign(uri);
+  std::u16string_view const inForce = m_pScope->GetDefaultNamespace();
+  m_namespaceURI = internal::IsSameText(uri, inForce) ? inForce : Store(uri, m_uriStorage);
 }
 
 // To be called before the default namespace changes that m_namespaceURI may be a view of.
-void CXmlWriter::CXmlWriterContext::KeepURI() {
-  m_namespaceURI = m_uriStorage.assign(m_namespaceURI);
+inline void CXmlWriter::CXmlWriterContext::KeepURI() {
+  m_namespaceURI = Store(m_namespaceURI, m_uriStorage);
 }
 
 CXmlWriter::CXmlWriter() : m_maxDepth(CSerializationLimits().GetMaxDepth()) {

@@ -32,10 +32,6 @@ class KESTXML_API CXmlWriter : public CInstanceMonitor {
   /// From URI to prefix, ordered by the 16-bit units of the URI.
   using NamespaceMap = std::map<std::u16string, std::u16string, std::less<>>;
 
-  /// The URI of the attributes xsi:type and xsi:nil.
-  static constexpr std::u16string_view kInstanceNamespace =
-      u"http://www.w3.org/2001/XMLSchema-instance";
-
   CXmlWriter();
   CXmlWriter(CXmlWriter const&) = delete;
   CXmlWriter& operator=(CXmlWriter const&) = delete;
