@@ -34,6 +34,7 @@
 #include "kestxml/values/kest_variant.h"
 #include "kestxml/values/length_limit.h"
 #include "kestxml/values/preserve_character_ref_cr.h"
+#include "kestxml/values/primitive_restrictions.h"
 #include "kestxml/values/smart_ptr.h"
 #include "kestxml/values/unicode.h"
 #include "kestxml/values/whitespace_utils.h"
