@@ -8,6 +8,7 @@
 #include "kestxml/binding/xml_object_base.h"
 #include "kestxml/document/async_output.h"
 #include "kestxml/document/binary_stream.h"
+#include "kestxml/document/byte_text_stream.h"
 #include "kestxml/document/file_text_stream.h"
 #include "kestxml/document/output_form.h"
 #include "kestxml/document/string_buffer.h"

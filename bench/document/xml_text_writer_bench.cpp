@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "bench/support/measure.h"
-#include "kestxml/document/internal/byte_text_stream.h"
+#include "kestxml/document/byte_text_stream.h"
 #include "kestxml/document/xml_attribute.h"
 #include "kestxml/document/xml_document.h"
 #include "kestxml/document/xml_element.h"
@@ -48,7 +48,7 @@ class CScript {
   }
 
   CBinaryData Write() const {
-    internal::CByteTextStream stream(XmlEncoding_UTF8);
+    CByteTextStream stream(XmlEncoding_UTF8);
     CXmlTextWriter writer(stream);
     writer.SetIndent(u"  ");
     writer.OpenWriter();

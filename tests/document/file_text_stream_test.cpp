@@ -6,14 +6,13 @@
 #include <gtest/gtest.h>
 
 #include "kestxml/document/binary_stream.h"
-#include "kestxml/document/internal/byte_text_stream.h"
+#include "kestxml/document/byte_text_stream.h"
 #include "tests/model/scratch_folder.h"
 #include "tests/model/thrown.h"
 
 namespace KestXmlLib20 {
 namespace {
 
-using internal::CByteTextStream;
 using namespace std::string_literals;
 
 constexpr char16_t const* kUnknownEncoding =

@@ -1,10 +1,12 @@
-#include "kestxml/document/internal/byte_text_stream.h"
+#include "kestxml/document/byte_text_stream.h"
 
 #include <utility>
 
 #include "kestxml/document/internal/text_bytes.h"
 
-namespace KestXmlLib20::internal {
+namespace KestXmlLib20 {
+
+using internal::AppendBytes, internal::FinishBytes, internal::HasByteForm, internal::TestByteForm;
 
 CByteTextStream::CByteTextStream(XmlEncoding encoding) : CTextStream(encoding) {}
 
@@ -29,4 +31,4 @@ CBinaryData CByteTextStream::TakeBytes() {
   return std::exchange(m_bytes, CBinaryData());
 }
 
-}  // namespace KestXmlLib20::internal
+}  // namespace KestXmlLib20

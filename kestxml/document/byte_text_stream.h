@@ -5,7 +5,7 @@
 #include "kestxml/values/binary_data.h"
 #include "kestxml/values/unicode.h"
 
-namespace KestXmlLib20::internal {
+namespace KestXmlLib20 {
 
 /// Turns each flushed piece of text into bytes at once and uses its blocks again, so that a long
 /// document is never held as text. An encoding without a byte form drops the text; that this fails
@@ -27,4 +27,4 @@ class KESTXML_API CByteTextStream final : public CTextStream {
   CUtf8Encoder m_utf8;
 };
 
-}  // namespace KestXmlLib20::internal
+}  // namespace KestXmlLib20
