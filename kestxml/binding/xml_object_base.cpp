@@ -3,6 +3,8 @@
 #include "kestxml/binding/internal/namespace_restriction.h"
 #include "kestxml/binding/internal/text_view.h"
 #include "kestxml/binding/internal/version_guard.h"
+#include "kestxml/binding/serialization_context.h"
+#include "kestxml/document/xml_element.h"
 #include "kestxml/values/format_string.h"
 #include "kestxml/values/kest_exception.h"
 
@@ -82,6 +84,13 @@ bool CXmlObjectBase::IsNamespaceValid(char16_t const* ns, char16_t const* restri
 void CXmlObjectBase::TestNamespace(char16_t const* ns, char16_t const* restriction,
                                    char16_t const* target) {
   internal::TestNamespace(ns, restriction, target);
+}
+
+bool CXmlObjectBase::DoesElementNameMatch(CSerializationContext const& context,
+                                          CXmlElement const* element, char16_t const* name,
+                                          char16_t const* ns) {
+  return element->GetLocalName() == ViewOf(name) &&
+         (context.GetIgnoreNamespaces() || element->GetNamespaceURI() == ViewOf(ns));
 }
 
 }  // namespace KestXmlLib20

@@ -7,16 +7,20 @@
 #include <string_view>
 
 #include "kestxml/binding/event_sink.h"
+#include "kestxml/document/output_form.h"
 #include "kestxml/platform/api.h"
+#include "kestxml/values/compression_type.h"
 
 namespace KestXmlLib20 {
 
+class CBinaryData;
 class CSerializationContext;
+class CTextStream;
 class CXmlElement;
 class CXmlWriter;
 
-/// The base of generated classes, collections and open content: an element name and a reference
-/// count.
+/// The base of generated classes, collections and open content: an element name, a reference count,
+/// and the operations that write the object and read it.
 ///
 /// Objects are counted. A new one has the count 0, so that the first CSmartPtr makes it 1; Release
 /// deletes the object when the count comes back to 0. The count may be changed by any thread, all
@@ -39,6 +43,54 @@ class KESTXML_API CXmlObjectBase : public IEventSink {
   /// The object as its base; every implementer returns `this`.
   virtual CXmlObjectBase* GetBase() = 0;
   CXmlObjectBase const* GetBase() const { return const_cast<CXmlObjectBase*>(this)->GetBase(); }
+
+  // Writing. @p includeDocHeader puts an XML declaration first. @p prettyPrint puts tags on lines
+  // of their own, indented as @p context says; line ends are those of @p eol also where a text
+  // holds a line feed. All of them throw
+  //   CKestException "Wrong Version ...", see Register;
+  //   CKestException "Invalid EOL type.", before the object is asked to write;
+  //   what the object throws, or CKestException when it leaves an element open;
+  //   CKestException beyond a limit of @p context.
+
+  /// Writes a file, in UTF-16 with a byte order mark, even ahead of compressed bytes: a reader must
+  /// take that off. The document is made in memory first, except with AsyncToXmlFile and without
+  /// compression, where the file grows as the object is walked, and is left partly written by a
+  /// failure.
+  /// @throws CKestException, with the file's name and an error code, when it can't be written; for
+  /// CompressionType_ZLib, before all else; and as ToXmlStream.
+  virtual void ToXmlFile(char16_t const* fileName, bool includeDocHeader, bool prettyPrint,
+                         XmlEncoding encoding, EOLType eol, CSerializationContext const& context,
+                         CompressionType compression) const;
+  /// The declaration names no encoding.
+  virtual std::u16string ToXml(bool includeDocHeader, bool prettyPrint, EOLType eol,
+                               CSerializationContext const& context);
+  /// The bytes of the document, without a byte order mark.
+  /// @throws CKestException for an encoding without a byte form, after the object has been written;
+  /// and when compression does not make the document smaller, as with very short ones.
+  virtual CBinaryData ToXmlStream(bool includeDocHeader, bool prettyPrint, XmlEncoding encoding,
+                                  EOLType eol, CSerializationContext const& context,
+                                  CompressionType compression);
+
+  // Reading. The object is the document's root element. What it held before goes where its class
+  // says so, once the document has been parsed; what was read before a failure of its own stays.
+  // All of them throw
+  //   CKestException "Wrong Version ...", see Register;
+  //   CKestException for input that is not well-formed ("... at line ..."), empty, or beyond a
+  //   limit of @p context; what the object throws.
+
+  /// Reads a file, gzip or zlib data included unless AsyncFromXmlFile is set.
+  /// @throws CKestException, with the file's name and an error code, when it can't be read.
+  virtual void FromXmlFile(char16_t const* fileName, CSerializationContext const& context);
+  /// Reads UTF-16 text, whatever encoding its declaration names.
+  virtual void FromXml(char16_t const* text, CSerializationContext const& context);
+  /// Reads text in the encoding that its declaration names, UTF-8 without.
+  virtual void FromXml(char const* text, CSerializationContext const& context);
+  /// Reads bytes, gzip or zlib data included. They are not changed.
+  virtual void FromXmlStream(CBinaryData const& data, CSerializationContext const& context);
+  virtual void FromXmlStream(unsigned char const* data, std::uint32_t length,
+                             CSerializationContext const& context);
+  /// Reads an element of the caller's document, which is not changed.
+  virtual void FromXmlElement(CXmlElement const* element, CSerializationContext const& context);
 
   /// Adds one to the count and gives the new count.
   std::int32_t AddRef() { return m_refCount.fetch_add(1, std::memory_order_relaxed) + 1; }
@@ -129,7 +181,17 @@ class KESTXML_API CXmlObjectBase : public IEventSink {
   static void TestNamespace(char16_t const* ns, char16_t const* restriction,
                             char16_t const* target);
 
+  /// Whether @p element has the local name @p name and, unless @p context ignores namespaces, the
+  /// namespace @p ns.
+  static bool DoesElementNameMatch(CSerializationContext const& context, CXmlElement const* element,
+                                   char16_t const* name, char16_t const* ns);
+
  private:
+  void WriteXml(CTextStream& stream, bool includeDocHeader, bool prettyPrint, EOLType eol,
+                CSerializationContext const& context) const;
+  template <typename Load>
+  void ReadXml(CSerializationContext const& context, Load load);
+
   std::u16string m_elementName;
   std::atomic<std::int32_t> m_refCount{0};
 };

@@ -5,7 +5,8 @@
 #include <thread>
 #include <vector>
 
-#include "kestxml/values/kest_exception.h"
+#include "kestxml/binding/serialization_context.h"
+#include "kestxml/document/xml_document.h"
 #include "kestxml/values/smart_ptr.h"
 #include "tests/model/bare_object.h"
 #include "tests/model/thrown.h"
@@ -14,16 +15,17 @@ namespace KestXmlLib20 {
 namespace {
 
 // Reaches the protected operations.
-class Counted : public BareObject {
- public:
-  using BareObject::BareObject;
+struct Reach : BareObject {
+  using BareObject::DoesElementNameMatch;
   using BareObject::Throw_IfElementNameDiffers;
   using BareObject::Throw_IfPropertyIsNull;
 };
 
-TEST(ObjectCount, DeletesAtTheStepFromOneToZero) {
+TEST(ObjectCount, EndsTheObjectAtTheStepFromOneToZero) {
   bool deleted = false;
-  auto* const object = new Counted(&deleted);
+  auto* const object = new BareObject(&deleted);
+  EXPECT_EQ(object->Release(), -1) << "from 0 nothing ends";
+  EXPECT_EQ(object->AddRef(), 0);
   EXPECT_EQ(object->AddRef(), 1);
   EXPECT_EQ(object->AddRef(), 2);
   EXPECT_EQ(object->Release(), 1);
@@ -32,46 +34,32 @@ TEST(ObjectCount, DeletesAtTheStepFromOneToZero) {
   EXPECT_TRUE(deleted);
 }
 
-TEST(ObjectCount, GoesBelowZeroWithoutDeleting) {
-  bool deleted = false;
-  auto* const object = new Counted(&deleted);
-  EXPECT_EQ(object->Release(), -1);
-  EXPECT_FALSE(deleted);
-  object->AddRef();
-  object->AddRef();
-  EXPECT_EQ(object->Release(), 0);
-  EXPECT_TRUE(deleted);
-}
-
 TEST(ObjectCount, IsCopiedWithTheObject) {
-  CSmartPtr<Counted> const first(new Counted);
-  CSmartPtr<Counted> const second = first;
+  CSmartPtr<BareObject> const first(new BareObject);
+  CSmartPtr<BareObject> const second = first;
   first->SetElementName(u"Order");
-  bool copyDeleted = false;
-  auto* const copy = new Counted(*first);
-  EXPECT_EQ(copy->GetElementName(), u"Order");
-  EXPECT_EQ(copy->AddRef(), 3) << "the copy began at the count of its source";
-  for (int i = 0; i < 3; ++i) copy->Release();
-
-  auto* const assigned = new Counted(&copyDeleted);
-  static_cast<CXmlObjectBase&>(*assigned) = *first;
-  EXPECT_EQ(assigned->AddRef(), 3);
-  EXPECT_EQ(assigned->GetElementName(), u"Order");
-  for (int i = 0; i < 3; ++i) assigned->Release();
-  EXPECT_TRUE(copyDeleted);
+  auto* const copy = new BareObject(*first);
+  auto* const assigned = new BareObject;
+  *assigned = *first;
+  for (auto* const object : {copy, assigned}) {
+    EXPECT_EQ(object->GetElementName(), u"Order");
+    EXPECT_EQ(object->AddRef(), 3);
+    while (object->Release() > 0) continue;
+  }
 }
 
 TEST(ObjectCount, IsSharedByThreads) {
   bool deleted = false;
   {
-    CSmartPtr<Counted> const shared(new Counted(&deleted));
+    CSmartPtr<BareObject> const shared(new BareObject(&deleted));
     std::vector<std::thread> threads;
     for (int i = 0; i < 4; ++i) {
       threads.emplace_back([mine = shared] {
-        for (int turn = 0; turn < 10'000; ++turn) CSmartPtr<Counted> const copy = mine;
+        for (int turn = 0; turn < 10'000; ++turn) CSmartPtr<BareObject> const copy = mine;
       });
     }
     for (auto& thread : threads) thread.join();
+    threads.clear();
     EXPECT_EQ(shared->AddRef(), 2) << "each thread let go of its own";
     shared->Release();
     EXPECT_FALSE(deleted);
@@ -79,32 +67,46 @@ TEST(ObjectCount, IsSharedByThreads) {
   EXPECT_TRUE(deleted);
 }
 
-TEST(ObjectBase, NullNameIsNoName) {
-  CSmartPtr<Counted> const object(new Counted);
-  object->SetElementName(u"Order");
-  object->SetElementName(nullptr);
-  EXPECT_EQ(object->GetElementName(), u"");
-}
-
-TEST(ObjectBase, ConstantBaseIsTheObject) {
-  CSmartPtr<Counted> const object(new Counted);
-  Counted const& constant = *object;
-  EXPECT_EQ(constant.GetBase(), object.Get());
-}
-
 TEST(PropertyGuards, RefuseNullAndOtherNames) {
-  CSmartPtr<Counted> const order(new Counted);
+  CSmartPtr<BareObject> const order(new BareObject);
   order->SetElementName(u"Order");
   EXPECT_EQ(
-      Thrown<CKestInvalidParamException>([] { Counted::Throw_IfPropertyIsNull(nullptr, u"Item"); }),
+      Thrown<CKestInvalidParamException>([] { Reach::Throw_IfPropertyIsNull(nullptr, u"Item"); }),
       u"The Property [Item] is mandatory, it may node be NULL");
   EXPECT_EQ(Thrown<CKestInvalidParamException>(
-                [&] { Counted::Throw_IfElementNameDiffers(order.Get(), u"Item"); }),
+                [&] { Reach::Throw_IfElementNameDiffers(order.Get(), u"Item"); }),
             u"This property requires an element with the name Item the element being set has the "
             u"element name Order");
-  EXPECT_NO_THROW(Counted::Throw_IfPropertyIsNull(order.Get(), u"Item"));
-  EXPECT_NO_THROW(Counted::Throw_IfElementNameDiffers(order.Get(), u"Order"));
-  EXPECT_NO_THROW(Counted::Throw_IfElementNameDiffers(nullptr, u"Item"));
+  EXPECT_NO_THROW(Reach::Throw_IfPropertyIsNull(order.Get(), u"Item"));
+  EXPECT_NO_THROW(Reach::Throw_IfElementNameDiffers(order.Get(), u"Order"));
+  EXPECT_NO_THROW(Reach::Throw_IfElementNameDiffers(nullptr, u"Item"));
+}
+
+TEST(ElementName, IsComparedAsTheContextSays) {
+  // clang-format off
+  struct {
+    char const* name; bool ignoreNamespaces; SchemaType schemaType;
+    char16_t const* localName; char16_t const* ns; bool matches;
+  } const rows[] = {
+      {"Both",             false, SchemaType::XmlSchema,              u"a", u"urn:x", true},
+      {"OtherName",        false, SchemaType::XmlSchema,              u"b", u"urn:x", false},
+      {"OtherNamespace",   false, SchemaType::XmlSchema,              u"a", u"urn:y", false},
+      {"Ignored",          true,  SchemaType::XmlSchema,              u"a", u"urn:y", true},
+      {"IgnoredOtherName", true,  SchemaType::XmlSchema,              u"b", u"urn:x", false},
+      {"IgnoredByType",    false, SchemaType::DocumentTypeDefinition, u"a", u"urn:y", true},
+  };
+  // clang-format on
+  CXmlDocument document;
+  document.LoadXml("<a xmlns='urn:x'/>");
+  for (auto const& row : rows) {
+    SCOPED_TRACE(row.name);
+    CSerializationContext context;
+    context.SetIgnoreNamespaces(row.ignoreNamespaces);
+    context.SetSchemaType(row.schemaType);
+    EXPECT_EQ(
+        Reach::DoesElementNameMatch(context, document.GetDocumentElement(), row.localName, row.ns),
+        row.matches);
+  }
 }
 
 }  // namespace

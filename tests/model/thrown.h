@@ -11,8 +11,10 @@
 
 namespace KestXmlLib20 {
 
+inline constexpr char16_t kNothingThrown[] = u"(nothing was thrown)";
+
 /// The message of the exception that @p operation throws, which must be an @p Exception and no
-/// class derived from it; "(nothing was thrown)" without one.
+/// class derived from it; kNothingThrown without one.
 template <typename Exception = CKestException, typename Operation>
 std::u16string Thrown(Operation&& operation) {
   try {
@@ -21,7 +23,7 @@ std::u16string Thrown(Operation&& operation) {
     EXPECT_EQ(typeid(exception).name(), typeid(Exception).name()) << exception;
     return exception.GetMessageW();
   }
-  return u"(nothing was thrown)";
+  return kNothingThrown;
 }
 
 }  // namespace KestXmlLib20
