@@ -41,8 +41,9 @@ inline std::u16string_view Store(std::u16string_view text, std::u16string& stora
 CXmlWriter::CXmlWriterContext::CXmlWriterContext() = default;
 CXmlWriter::CXmlWriterContext::~CXmlWriterContext() = default;
 
-inline void CXmlWriter::CXmlWriterContext::Begin(CXmlWriterContext* parent, std::u16string_view localName,
-                                          std::u16string_view uri) {
+inline void CXmlWriter::CXmlWriterContext::Begin(CXmlWriterContext* parent,
+                                                 std::u16string_view localName,
+                                                 std::u16string_view uri) {
   m_childCount = 0;
   m_startTagOpen = true;
   m_depth = parent ? parent->m_depth + 1 : 0;
@@ -80,11 +81,10 @@ void CXmlWriter::SetDefaultNamespace(std::u16string_view uri) {
     m_defaultNamespace = uri;
     return;
   }
-  GiveOwnScope(*m_pCurrentContext, false);
-  for (auto* context = m_pCurrentContext; context; context = NextContext(*context)) {
-    context->KeepURI();
-  }
-  m_pCurrentContext->m_pScope->SetDefaultNamespace(uri);
+  CXmlWriterContext& current = *m_pCurrentContext;
+  GiveOwnScope(current, false);
+  for (auto* context = &current; context; context = NextContext(*context)) context->KeepURI();
+  current.m_pScope->SetDefaultNamespace(uri);
 }
 
 void CXmlWriter::AddNamespace(std::u16string_view alias, std::u16string_view uri) {
