@@ -17,7 +17,7 @@ class KESTXML_API IEventSink {
     MsgType_CollectionChange = 0,          ///< anything; without data
     MsgType_CollectionAdd = 1,             ///< before an item is added; data: the item
     MsgType_CollectionAddComplete = 2,     ///< after it; data: the item
-    MsgType_CollectionRemove = 3,          ///< before; data: the 32-bit index, null for all items
+    MsgType_CollectionRemove = 3,          ///< before; data: the 32-bit index, null if unknown
     MsgType_CollectionRemoveComplete = 4,  ///< after; data: as for CollectionRemove
   };
 

@@ -16,6 +16,7 @@ namespace KestXmlLib20 {
 class CBinaryData;
 class CSerializationContext;
 class CTextStream;
+class CXmlCollectionBase;
 class CXmlElement;
 class CXmlWriter;
 
@@ -165,6 +166,26 @@ class KESTXML_API CXmlObjectBase : public IEventSink {
   /// @throws CKestInvalidStateException when another name is selected and @p count is not 0.
   static void Choice_CollectionChanged(char16_t const* name, std::int32_t count,
                                        std::u16string& selection);
+
+  /// Reads the collection that is a property of a choice: nothing when @p count is 1 or more, the
+  /// collection having been read. Otherwise what it takes from @p current on; when that is
+  /// something, @p current moves on and @p count grows by one.
+  /// @throws CKestValidationException when the collection then holds an invalid number of items.
+  static void Choice_Read_Collection(CXmlCollectionBase* collection, CXmlElement* parent,
+                                     CXmlElement*& current, std::int32_t& count,
+                                     CSerializationContext const& context);
+
+  // Each calls OnEvent of @p sink with the collection as sender; see IEventSink::MsgType.
+  static void FireOnCollectionChangeEvent(IEventSink* sink, CXmlCollectionBase* collection);
+  static void FireOnCollectionAddEvent(IEventSink* sink, CXmlCollectionBase* collection,
+                                       void* item);
+  static void FireOnCollectionAddCompleteEvent(IEventSink* sink, CXmlCollectionBase* collection,
+                                               void* item);
+  /// @param index -1 for none: the event then carries no index.
+  static void FireOnCollectionRemoveEvent(IEventSink* sink, CXmlCollectionBase* collection,
+                                          std::int32_t index);
+  static void FireOnCollectionRemoveCompleteEvent(IEventSink* sink, CXmlCollectionBase* collection,
+                                                  std::int32_t index);
 
   /// @throws CKestInvalidParamException when @p value, meant for the property @p name, is null.
   static void Throw_IfPropertyIsNull(CXmlObjectBase* value, char16_t const* name);

@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "kestxml/binding/xml_object_base.h"
+#include "kestxml/collections/xml_collection_base.h"
 #include "kestxml/values/binary_data.h"
 #include "kestxml/values/conversions.h"
 #include "kestxml/values/format_string.h"
@@ -69,27 +70,28 @@ using V = KestVariant;
 
 // clang-format off
 constexpr ValueKind kKinds[] = {
-    // type                 name             write                                                 read                                                   storage
-    {ItemType_Invalid,      nullptr,         nullptr,                                              nullptr,                                               kInside},
-    {ItemType_hexBinary,    u"hexBinary",    Write<&V::GetHexBinary, &C::hexBinaryToString>,       Read<&C::hexBinaryFromString, &V::SetHexBinary>,       &kOwned<CBinaryData>},
-    {ItemType_base64Binary, u"base64Binary", Write<&V::GetBase64Binary, &C::base64BinaryToString>, Read<&C::base64BinaryFromString, &V::SetBase64Binary>, &kOwned<CBinaryData>},
-    {ItemType_i1,           u"i1",           Write<&V::GetI1, &C::i1ToString>,                     Read<&C::i1FromString, &V::SetI1>,                     kInside},
-    {ItemType_i2,           u"i2",           Write<&V::GetI2, &C::i2ToString>,                     Read<&C::i2FromString, &V::SetI2>,                     kInside},
-    {ItemType_i4,           u"i4",           Write<&V::GetI4, &C::i4ToString>,                     Read<&C::i4FromString, &V::SetI4>,                     kInside},
-    {ItemType_i8,           u"i8",           Write<&V::GetI8, &C::i8ToString>,                     Read<&C::i8FromString, &V::SetI8>,                     kInside},
-    {ItemType_ui1,          u"ui1",          Write<&V::GetUI1, &C::ui1ToString>,                   Read<&C::ui1FromString, &V::SetUI1>,                   kInside},
-    {ItemType_ui2,          u"ui2",          Write<&V::GetUI2, &C::ui2ToString>,                   Read<&C::ui2FromString, &V::SetUI2>,                   kInside},
-    {ItemType_ui4,          u"ui4",          Write<&V::GetUI4, &C::ui4ToString>,                   Read<&C::ui4FromString, &V::SetUI4>,                   kInside},
-    {ItemType_ui8,          u"ui8",          Write<&V::GetUI8, &C::ui8ToString>,                   Read<&C::ui8FromString, &V::SetUI8>,                   kInside},
-    {ItemType_r4,           u"r4",           WriteBy<&V::GetR4, &C::r4ToString>,                   Read<&C::r4FromString, &V::SetR4>,                     kInside},
-    {ItemType_r8,           u"r8",           WriteBy<&V::GetR8, &C::r8ToString>,                   Read<&C::r8FromString, &V::SetR8>,                     kInside},
-    {ItemType_year,         u"year",         Write<&V::GetYear, &C::yearToString>,                 nullptr,                                               kInside},
-    {ItemType_month,        u"month",        Write<&V::GetMonth, &C::monthToString>,               nullptr,                                               kInside},
-    {ItemType_day,          u"day",          Write<&V::GetDay, &C::dayToString>,                   nullptr,                                               kInside},
-    {ItemType_char,         u"char",         Write<&V::GetChar, &C::charToString>,                 Read<&C::charFromString, &V::SetChar>,                 kInside},
-    {ItemType_string,       u"string",       Write<&V::GetString, &C::stringToString>,             Read<&C::stringFromString, &V::SetString>,             &kOwned<std::u16string>},
-    {ItemType_boolean,      u"boolean",      Write<&V::GetBoolean, &C::booleanToString>,           Read<&C::booleanFromString, &V::SetBoolean>,           kInside},
-    {ItemType_xmlObject,    nullptr,         nullptr,                                              nullptr,                                               &kCounted<CXmlObjectBase>},
+    // type                  name             write                                                 read                                                   storage
+    {ItemType_Invalid,       nullptr,         nullptr,                                              nullptr,                                               kInside},
+    {ItemType_hexBinary,     u"hexBinary",    Write<&V::GetHexBinary, &C::hexBinaryToString>,       Read<&C::hexBinaryFromString, &V::SetHexBinary>,       &kOwned<CBinaryData>},
+    {ItemType_base64Binary,  u"base64Binary", Write<&V::GetBase64Binary, &C::base64BinaryToString>, Read<&C::base64BinaryFromString, &V::SetBase64Binary>, &kOwned<CBinaryData>},
+    {ItemType_i1,            u"i1",           Write<&V::GetI1, &C::i1ToString>,                     Read<&C::i1FromString, &V::SetI1>,                     kInside},
+    {ItemType_i2,            u"i2",           Write<&V::GetI2, &C::i2ToString>,                     Read<&C::i2FromString, &V::SetI2>,                     kInside},
+    {ItemType_i4,            u"i4",           Write<&V::GetI4, &C::i4ToString>,                     Read<&C::i4FromString, &V::SetI4>,                     kInside},
+    {ItemType_i8,            u"i8",           Write<&V::GetI8, &C::i8ToString>,                     Read<&C::i8FromString, &V::SetI8>,                     kInside},
+    {ItemType_ui1,           u"ui1",          Write<&V::GetUI1, &C::ui1ToString>,                   Read<&C::ui1FromString, &V::SetUI1>,                   kInside},
+    {ItemType_ui2,           u"ui2",          Write<&V::GetUI2, &C::ui2ToString>,                   Read<&C::ui2FromString, &V::SetUI2>,                   kInside},
+    {ItemType_ui4,           u"ui4",          Write<&V::GetUI4, &C::ui4ToString>,                   Read<&C::ui4FromString, &V::SetUI4>,                   kInside},
+    {ItemType_ui8,           u"ui8",          Write<&V::GetUI8, &C::ui8ToString>,                   Read<&C::ui8FromString, &V::SetUI8>,                   kInside},
+    {ItemType_r4,            u"r4",           WriteBy<&V::GetR4, &C::r4ToString>,                   Read<&C::r4FromString, &V::SetR4>,                     kInside},
+    {ItemType_r8,            u"r8",           WriteBy<&V::GetR8, &C::r8ToString>,                   Read<&C::r8FromString, &V::SetR8>,                     kInside},
+    {ItemType_year,          u"year",         Write<&V::GetYear, &C::yearToString>,                 nullptr,                                               kInside},
+    {ItemType_month,         u"month",        Write<&V::GetMonth, &C::monthToString>,               nullptr,                                               kInside},
+    {ItemType_day,           u"day",          Write<&V::GetDay, &C::dayToString>,                   nullptr,                                               kInside},
+    {ItemType_char,          u"char",         Write<&V::GetChar, &C::charToString>,                 Read<&C::charFromString, &V::SetChar>,                 kInside},
+    {ItemType_string,        u"string",       Write<&V::GetString, &C::stringToString>,             Read<&C::stringFromString, &V::SetString>,             &kOwned<std::u16string>},
+    {ItemType_boolean,       u"boolean",      Write<&V::GetBoolean, &C::booleanToString>,           Read<&C::booleanFromString, &V::SetBoolean>,           kInside},
+    {ItemType_xmlObject,     nullptr,         nullptr,                                              nullptr,                                               &kCounted<CXmlObjectBase>},
+    {ItemType_xmlCollection, nullptr,         nullptr,                                              nullptr,                                               &kCounted<CXmlCollectionBase>},
 };
 // clang-format on
 
@@ -158,6 +160,18 @@ void KestVariant::SetOwned(ItemType type, T value) {
 template <typename T>
 T const* KestVariant::GetOwned() const {
   return StorageOf(m_type) == &kOwned<T> ? static_cast<T const*>(Load<void*>()) : nullptr;
+}
+
+// The new reference comes first: the old one may be the last to the same object.
+template <typename T>
+void KestVariant::SetCounted(ItemType type, T* value) {
+  if (value) value->AddRef();
+  SetScalar<void*>(type, value);
+}
+
+template <typename T>
+CSmartPtr<T> KestVariant::GetCounted() const {
+  return StorageOf(m_type) == &kCounted<T> ? static_cast<T*>(Load<void*>()) : nullptr;
 }
 
 KestVariant::KestVariant(KestVariant const& other) : m_nil(other.m_nil), m_type(other.m_type) {
@@ -285,10 +299,11 @@ void KestVariant::SetBoolean(bool value) {
   SetScalar(ItemType_boolean, value);
 }
 
-// The new reference comes first: the old one may be the last to the same object.
 void KestVariant::SetXmlObject(CXmlObjectBase* value) {
-  if (value) value->AddRef();
-  SetScalar<void*>(ItemType_xmlObject, value);
+  SetCounted(ItemType_xmlObject, value);
+}
+void KestVariant::SetXmlCollection(CXmlCollectionBase* value) {
+  SetCounted(ItemType_xmlCollection, value);
 }
 
 CBinaryData KestVariant::GetHexBinary() const {
@@ -354,8 +369,10 @@ std::u16string const& KestVariant::GetString() const {
 }
 
 CSmartPtr<CXmlObjectBase> KestVariant::GetXmlObject() const {
-  bool const object = StorageOf(m_type) == &kCounted<CXmlObjectBase>;
-  return object ? static_cast<CXmlObjectBase*>(Load<void*>()) : nullptr;
+  return GetCounted<CXmlObjectBase>();
+}
+CSmartPtr<CXmlCollectionBase> KestVariant::GetXmlCollection() const {
+  return GetCounted<CXmlCollectionBase>();
 }
 
 }  // namespace KestXmlLib20

@@ -13,6 +13,7 @@
 namespace KestXmlLib20 {
 
 class CBinaryData;
+class CXmlCollectionBase;
 class CXmlObjectBase;
 
 /// A value of one of the kinds of ItemType, an explicit nil of a kind, or nothing. Scalars lie
@@ -79,6 +80,7 @@ struct KESTXML_API KestVariant {
   void SetBoolean(bool value);
   /// Takes a reference to @p value, which may be null.
   void SetXmlObject(CXmlObjectBase* value);
+  void SetXmlCollection(CXmlCollectionBase* value);
 
   // The getters test nothing: the caller knows the kind. A getter of a scalar reads the first bytes
   // of whatever is stored, so GetI1, GetUI1, GetMonth and GetDay read the same one. A getter of
@@ -103,6 +105,7 @@ struct KESTXML_API KestVariant {
   std::u16string const& GetString() const;
   bool GetBoolean() const;
   CSmartPtr<CXmlObjectBase> GetXmlObject() const;
+  CSmartPtr<CXmlCollectionBase> GetXmlCollection() const;
 
  private:
   template <typename T>
@@ -115,6 +118,10 @@ struct KESTXML_API KestVariant {
   void SetOwned(ItemType type, T value);
   template <typename T>
   T const* GetOwned() const;
+  template <typename T>
+  void SetCounted(ItemType type, T* value);
+  template <typename T>
+  CSmartPtr<T> GetCounted() const;
   void ReleaseValue();
   void Swap(KestVariant& other) noexcept;
 
