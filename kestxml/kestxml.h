@@ -1,6 +1,8 @@
 // Everything that the library offers.
 #pragma once
 
+#include "kestxml/binding/attribute.h"
+#include "kestxml/binding/attribute_col.h"
 #include "kestxml/binding/event_sink.h"
 #include "kestxml/binding/register.h"
 #include "kestxml/binding/serialization_context.h"
@@ -14,6 +16,7 @@
 #include "kestxml/document/binary_stream.h"
 #include "kestxml/document/byte_text_stream.h"
 #include "kestxml/document/file_text_stream.h"
+#include "kestxml/document/namespace_alias_map.h"
 #include "kestxml/document/output_form.h"
 #include "kestxml/document/string_buffer.h"
 #include "kestxml/document/text_stream.h"

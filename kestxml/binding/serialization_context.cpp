@@ -2,14 +2,19 @@
 
 #include <algorithm>
 
+#include "kestxml/binding/attribute_col.h"
 #include "kestxml/values/kest_exception.h"
 
 namespace KestXmlLib20 {
 namespace {
 
-std::u16string TextOrEmpty(char16_t const* text) { return text ? text : u""; }
+std::u16string TextOrEmpty(char16_t const* text) {
+  return text ? text : u"";
+}
 
-bool IsBlankOrTab(char16_t unit) { return unit == u' ' || unit == u'\t'; }
+bool IsBlankOrTab(char16_t unit) {
+  return unit == u' ' || unit == u'\t';
+}
 
 constexpr char16_t kUnknownWhileMissing[] =
     u"The parser can only ignore additional elements, or ignore the fact that some required ones "
@@ -22,6 +27,11 @@ constexpr char16_t kMissingWhileUnknown[] =
 
 }  // namespace
 
+CSerializationContext::CSerializationContext() = default;
+CSerializationContext::CSerializationContext(CSerializationContext const&) = default;
+CSerializationContext& CSerializationContext::operator=(CSerializationContext const&) = default;
+CSerializationContext::~CSerializationContext() = default;
+
 // Made on first use, so that static objects of generated code may ask for it.
 CSerializationContext& CSerializationContext::GetDefaultContext() {
   static CSerializationContext context;
@@ -30,6 +40,13 @@ CSerializationContext& CSerializationContext::GetDefaultContext() {
 
 void CSerializationContext::SetDefaultNamespaceURI(char16_t const* uri) {
   m_defaultNamespaceURI = TextOrEmpty(uri);
+}
+
+CSmartPtr<CAttributeCol> CSerializationContext::GetAdditionalRootAttributes() const {
+  if (!m_additionalRootAttributes) {
+    m_additionalRootAttributes = new CAttributeCol(u"", u"##any", u"");
+  }
+  return m_additionalRootAttributes;
 }
 
 void CSerializationContext::SetInLineSchema(char16_t const* text) {

@@ -6,9 +6,13 @@
 #include <vector>
 
 #include "kestxml/binding/serialization_limits.h"
+#include "kestxml/document/namespace_alias_map.h"
 #include "kestxml/platform/api.h"
+#include "kestxml/values/smart_ptr.h"
 
 namespace KestXmlLib20 {
+
+class CAttributeCol;
 
 /// How names relate to namespaces. Only DocumentTypeDefinition has an effect.
 enum class SchemaType : std::int32_t {
@@ -24,10 +28,11 @@ enum class SchemaType : std::int32_t {
 /// and what a read adds to it, no other thread may use at the same time.
 class KESTXML_API CSerializationContext {
  public:
-  CSerializationContext() = default;
-  CSerializationContext(CSerializationContext const&) = default;
-  CSerializationContext& operator=(CSerializationContext const&) = default;
-  virtual ~CSerializationContext() = default;
+  CSerializationContext();
+  /// Copies every setting; the additional root attributes, once there are any, are shared.
+  CSerializationContext(CSerializationContext const&);
+  CSerializationContext& operator=(CSerializationContext const&);
+  virtual ~CSerializationContext();
 
   /// The context of every operation that is given none, one for the process. A change to it is
   /// seen by all later operations.
@@ -41,6 +46,19 @@ class KESTXML_API CSerializationContext {
   /// Default true.
   bool GetWriteTypeAttribute() const { return m_writeTypeAttribute; }
   void SetWriteTypeAttribute(bool value) { m_writeTypeAttribute = value; }
+
+  /// The prefixes that a written document declares on its root, in place of generated ones.
+  CNamespaceAliasMap const& GetNamespaceAliases() const { return m_namespaceAliases; }
+  CNamespaceAliasMap& GetNamespaceAliases() { return m_namespaceAliases; }
+
+  /// Written on the root element in addition to its own. The first call makes the collection, which
+  /// takes attributes of any namespace.
+  CSmartPtr<CAttributeCol> GetAdditionalRootAttributes() const;
+  /// The same without making it: null when there is none. So writing leaves a context as it is that
+  /// other threads write with.
+  CAttributeCol const* FindAdditionalRootAttributes() const {
+    return m_additionalRootAttributes.Get();
+  }
 
   /// Written before the root element, each as it stands, with its delimiters.
   std::vector<std::u16string> const& GetProcessingInstructions() const {
@@ -111,6 +129,8 @@ class KESTXML_API CSerializationContext {
  private:
   std::u16string m_defaultNamespaceURI;
   bool m_writeTypeAttribute = true;
+  CNamespaceAliasMap m_namespaceAliases;
+  mutable CSmartPtr<CAttributeCol> m_additionalRootAttributes;
   std::vector<std::u16string> m_processingInstructions;
   std::u16string m_inLineSchema;
   bool m_ignoreInvalidCollectionCounts = false;
