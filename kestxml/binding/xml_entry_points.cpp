@@ -1,6 +1,7 @@
 // The To... and From... operations for XML: each puts a stream or a load in front of the object's
 // own ToXml_Int or FromXml_Int. The version is checked before the work and again before its result
 // is handed back.
+#include "kestxml/binding/internal/text_view.h"
 #include "kestxml/binding/internal/version_guard.h"
 #include "kestxml/binding/serialization_context.h"
 #include "kestxml/binding/xml_object_base.h"
@@ -17,7 +18,7 @@
 
 namespace KestXmlLib20 {
 
-using internal::CheckVersion;
+using internal::CheckVersion, internal::TextOf;
 
 void CXmlObjectBase::WriteXml(CTextStream& stream, bool includeDocHeader, bool prettyPrint,
                               EOLType eol, CSerializationContext const& context) const {
@@ -77,29 +78,29 @@ void CXmlObjectBase::ToXmlFile(char16_t const* fileName, bool includeDocHeader, 
     throw CKestException(u"ZLIB Compression only available for To Stream methods.");
   }
   if (GetAsyncToXmlFile() && compression == CompressionType_None) {
-    CFileTextStream stream(fileName, encoding);
+    CFileTextStream stream(TextOf(fileName), encoding);
     WriteXml(stream, includeDocHeader, prettyPrint, eol, context);
   } else {
     // A class may have its own ToXmlStream, which the interface does not declare const.
     auto* const self = const_cast<CXmlObjectBase*>(this);
     CFileBinaryStream(
         self->ToXmlStream(includeDocHeader, prettyPrint, encoding, eol, context, compression),
-        fileName, encoding)
+        TextOf(fileName), encoding)
         .WriteToFile();
   }
   CheckVersion();
 }
 
 void CXmlObjectBase::FromXmlFile(char16_t const* fileName, CSerializationContext const& context) {
-  ReadXml(context, [=](CXmlDocument& document) { document.Load(fileName); });
+  ReadXml(context, [=](CXmlDocument& document) { document.Load(TextOf(fileName)); });
 }
 
 void CXmlObjectBase::FromXml(char16_t const* text, CSerializationContext const& context) {
-  ReadXml(context, [=](CXmlDocument& document) { document.LoadXml(text); });
+  ReadXml(context, [=](CXmlDocument& document) { document.LoadXml(TextOf(text)); });
 }
 
 void CXmlObjectBase::FromXml(char const* text, CSerializationContext const& context) {
-  ReadXml(context, [=](CXmlDocument& document) { document.LoadXml(text); });
+  ReadXml(context, [=](CXmlDocument& document) { document.LoadXml(text ? text : ""); });
 }
 
 void CXmlObjectBase::FromXmlStream(CBinaryData const& data, CSerializationContext const& context) {

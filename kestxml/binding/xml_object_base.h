@@ -47,11 +47,9 @@ class KESTXML_API CXmlObjectBase : public IEventSink {
 
   // Writing. @p includeDocHeader puts an XML declaration first. @p prettyPrint puts tags on lines
   // of their own, indented as @p context says; line ends are those of @p eol also where a text
-  // holds a line feed. All of them throw
-  //   CKestException "Wrong Version ...", see Register;
-  //   CKestException "Invalid EOL type.", before the object is asked to write;
-  //   what the object throws, or CKestException when it leaves an element open;
-  //   CKestException beyond a limit of @p context.
+  // holds a line feed. All of them throw CKestException "Wrong Version ..." (see Register),
+  // "Invalid EOL type." before the object is asked to write, when the object leaves an element
+  // open, and beyond a limit of @p context; and what the object throws.
 
   /// Writes a file, in UTF-16 with a byte order mark, even ahead of compressed bytes: a reader must
   /// take that off. The document is made in memory first, except with AsyncToXmlFile and without
@@ -74,10 +72,9 @@ class KESTXML_API CXmlObjectBase : public IEventSink {
 
   // Reading. The object is the document's root element. What it held before goes where its class
   // says so, once the document has been parsed; what was read before a failure of its own stays.
-  // All of them throw
-  //   CKestException "Wrong Version ...", see Register;
-  //   CKestException for input that is not well-formed ("... at line ..."), empty, or beyond a
-  //   limit of @p context; what the object throws.
+  // All of them throw CKestException "Wrong Version ..." (see Register), for input that is not
+  // well-formed ("... at line ..."), empty, or beyond a limit of @p context; and what the object
+  // throws. A null pointer is an empty text or name.
 
   /// Reads a file, gzip or zlib data included unless AsyncFromXmlFile is set.
   /// @throws CKestException, with the file's name and an error code, when it can't be read.

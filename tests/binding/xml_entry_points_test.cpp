@@ -19,14 +19,14 @@ namespace {
 CSerializationContext const kContext;
 
 CSmartPtr<Node> SmallObject() {
-  CSmartPtr<Node> const object(new Node(u"a"));
+  CSmartPtr<Node> object(new Node(u"a"));
   object->Add(u"b", u"\u20AC\n");
   return object;
 }
 
 // Of every length in UTF-8, and of everything that is escaped; longer than the buffers between.
 CSmartPtr<Node> LargeObject() {
-  CSmartPtr<Node> const orders(new Node(u"orders", {}, u"urn:orders"));
+  CSmartPtr<Node> orders(new Node(u"orders", {}, u"urn:orders"));
   for (int i = 0; i < 400; ++i) {
     std::u16string const number(static_cast<std::size_t>(i % 7 + 1), u'7');
     Node& order = orders->Add(u"order");
