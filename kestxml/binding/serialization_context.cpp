@@ -32,9 +32,10 @@ CSerializationContext::CSerializationContext(CSerializationContext const&) = def
 CSerializationContext& CSerializationContext::operator=(CSerializationContext const&) = default;
 CSerializationContext::~CSerializationContext() = default;
 
-// Made on first use, so that static objects of generated code may ask for it.
+// Made on first use and never destroyed, so that static objects of generated code may ask for it,
+// whether they come or go.
 CSerializationContext& CSerializationContext::GetDefaultContext() {
-  static CSerializationContext context;
+  static auto& context = *new CSerializationContext;
   return context;
 }
 

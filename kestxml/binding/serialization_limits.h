@@ -28,9 +28,23 @@ class KESTXML_API CSerializationLimits {
   std::uint64_t GetMaxInflatedBytes() const { return m_maxInflatedBytes; }
   void SetMaxInflatedBytes(std::uint64_t value) { m_maxInflatedBytes = value; }
 
-  /// Elements of one document. Default 0, none.
+  /// Elements of one document, those included that an element callback throws away. Default 0,
+  /// none.
   std::uint64_t GetMaxElements() const { return m_maxElements; }
   void SetMaxElements(std::uint64_t value) { m_maxElements = value; }
+
+  /// 16-bit units of a namespace URI. Every name in the namespace carries it from the parser, so a
+  /// long one costs time again for each element. Default 10,000.
+  std::uint32_t GetMaxNamespaceLength() const { return m_maxNamespaceLength; }
+  void SetMaxNamespaceLength(std::uint32_t value) { m_maxNamespaceLength = value; }
+
+  // Each throws the CKestException of its bound; @p path is where in the document, or empty.
+  [[noreturn]] static void ThrowTooDeep(std::uint32_t bound, std::u16string path);
+  [[noreturn]] static void ThrowTooManyAttributes(std::uint32_t bound, std::u16string path);
+  [[noreturn]] static void ThrowTooManyNamespaceDeclarations(std::uint32_t bound,
+                                                             std::u16string path);
+  [[noreturn]] static void ThrowTooManyElements(std::uint64_t bound, std::u16string path);
+  [[noreturn]] static void ThrowNamespaceTooLong(std::uint32_t bound, std::u16string path);
 
  private:
   std::uint32_t m_maxDepth = 1'000;
@@ -38,17 +52,12 @@ class KESTXML_API CSerializationLimits {
   std::uint32_t m_maxNamespaceDeclarations = 10'000;
   std::uint64_t m_maxInflatedBytes = std::uint64_t{1} << 30;
   std::uint64_t m_maxElements = 0;
+  std::uint32_t m_maxNamespaceLength = 10'000;
 };
 
 /// True when @p count is more than @p bound allows; a bound of 0 allows anything.
 constexpr bool ExceedsLimit(std::uint64_t count, std::uint64_t bound) {
   return bound != 0 && count > bound;
 }
-
-// Each throws the CKestException of its bound; @p path is where in the document, or empty.
-[[noreturn]] void ThrowTooDeep(std::uint32_t bound, std::u16string path);
-[[noreturn]] void ThrowTooManyAttributes(std::uint32_t bound, std::u16string path);
-[[noreturn]] void ThrowTooManyNamespaceDeclarations(std::uint32_t bound, std::u16string path);
-[[noreturn]] void ThrowTooManyElements(std::uint64_t bound, std::u16string path);
 
 }  // namespace KestXmlLib20

@@ -26,6 +26,7 @@ void CFileTextStream::Open() {
   m_file = internal::CreateOutputFile(m_fileName, m_encoding);
   m_filePosition = internal::ByteOrderMark(m_encoding).size();
   m_utf8 = CUtf8Encoder();
+  m_pending.Clear();
 }
 
 void CFileTextStream::Flush() {

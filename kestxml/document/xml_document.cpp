@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "kestxml/document/internal/expat_reader.h"
+#include "kestxml/document/internal/thread_spare.h"
 #include "kestxml/document/internal/xml_tree.h"
 #include "kestxml/document/xml_element.h"
 #include "kestxml/values/kest_exception.h"
@@ -17,10 +18,7 @@ using internal::CExpatReader;
 using internal::CXmlTree;
 
 // One tree without content waits in each thread for its next document, with its memory.
-std::unique_ptr<CXmlTree>& SpareTree() {
-  thread_local std::unique_ptr<CXmlTree> spare;
-  return spare;
-}
+using SpareTree = internal::ThreadSpare<std::unique_ptr<CXmlTree>>;
 
 // Lengths have 32 bits: what needs more is refused, not cut.
 std::uint32_t LengthOf(std::size_t bytes) {
@@ -29,7 +27,7 @@ std::uint32_t LengthOf(std::size_t bytes) {
 }
 
 std::unique_ptr<CXmlTree> TakeTree() {
-  auto tree = std::move(SpareTree());
+  auto tree = SpareTree::Take();
   return tree ? std::move(tree) : std::make_unique<CXmlTree>();
 }
 
@@ -51,8 +49,7 @@ CXmlDocument::CXmlDocument(ElementCallback callback, CSerializationContext const
 }
 
 CXmlDocument::~CXmlDocument() {
-  m_tree->Trim();
-  SpareTree() = std::move(m_tree);
+  if (m_tree->Trim()) SpareTree::Keep(std::move(m_tree));
 }
 
 void CXmlDocument::Cleanup() {
@@ -68,7 +65,7 @@ CXmlElement const* CXmlDocument::GetDocumentElement() const {
 
 void CXmlDocument::LoadXml(char const* text) {
   Cleanup();
-  std::size_t const length = std::strlen(text);
+  std::size_t const length = text ? std::strlen(text) : 0;
   if (length == 0) throw CKestException(u"XML String is empty!");
   ParseText(reinterpret_cast<unsigned char const*>(text), LengthOf(length));
 }
@@ -76,7 +73,7 @@ void CXmlDocument::LoadXml(char const* text) {
 // The parser takes the mark in front as the word for UTF-16.
 void CXmlDocument::LoadXml(char16_t const* text) {
   Cleanup();
-  std::u16string const marked = std::u16string(u"\uFEFF").append(text);
+  std::u16string const marked = std::u16string(u"\uFEFF").append(text ? text : u"");
   ParseText(reinterpret_cast<unsigned char const*>(marked.data()),
             LengthOf(marked.size() * sizeof(char16_t)));
 }
@@ -93,6 +90,14 @@ internal::ExpatReaderOptions CXmlDocument::ReaderOptions() const {
 
 void CXmlDocument::RequireDocumentElement() const {
   if (!GetDocumentElement()) throw CKestException(u"Invalid or empty XML document");
+}
+
+std::u16string CXmlDocument::LookupNamespaceFromAlias(char16_t const* alias) const {
+  return LookupNamespaceFromAlias(alias ? std::u16string_view(alias) : std::u16string_view());
+}
+
+std::u16string CXmlDocument::LookupAliasFromNamespace(char16_t const* uri) const {
+  return LookupAliasFromNamespace(uri ? std::u16string_view(uri) : std::u16string_view());
 }
 
 std::u16string CXmlDocument::LookupNamespaceFromAlias(std::u16string_view alias) const {

@@ -52,6 +52,8 @@ class KESTXML_API CXmlDocument : public CInstanceMonitor {
   CXmlElement* GetDocumentElement();
   CXmlElement const* GetDocumentElement() const;
 
+  // A null pointer counts as an empty name, text or block.
+
   /// Loads a file, gzip or zlib data included unless it is read in blocks.
   /// @throws CKestException for a file that can't be read (with the file's name and an error
   /// code), for text that is not well-formed ("... at line ..."), and beyond a limit.
@@ -66,9 +68,11 @@ class KESTXML_API CXmlDocument : public CInstanceMonitor {
   /// The URI that was bound last to a prefix anywhere in the document; empty when none was. The
   /// default namespace has the empty prefix.
   std::u16string LookupNamespaceFromAlias(std::u16string_view alias) const;
+  std::u16string LookupNamespaceFromAlias(char16_t const* alias) const;
   /// The lowest prefix, in the order of its 16-bit units, that is bound to @p uri; empty when
   /// none is.
   std::u16string LookupAliasFromNamespace(std::u16string_view uri) const;
+  std::u16string LookupAliasFromNamespace(char16_t const* uri) const;
 
  protected:
   /// Throws the tree away; its memory waits for the next load.

@@ -84,6 +84,7 @@ void AsyncFromXmlFile(bool overlapped) {
 
 void CXmlDocument::Load(char16_t const* fileName) {
   Cleanup();
+  if (!fileName) fileName = u"";
   if (loadsAreOverlapped) {
     LoadInBlocks(fileName);
   } else {
@@ -110,7 +111,7 @@ void CXmlDocument::LoadWhole(char16_t const* fileName) {
 
 void CXmlDocument::LoadXmlStream(unsigned char const* data, std::uint32_t length) {
   Cleanup();
-  if (length == 0) throw CKestException(u"XML Stream is empty!");
+  if (!data || length == 0) throw CKestException(u"XML Stream is empty!");
   Parse(data, length);
 }
 

@@ -1,5 +1,7 @@
 #include "kestxml/document/xml_text_writer.h"
 
+#include <algorithm>
+
 #include "kestxml/document/internal/text_pieces.h"
 #include "kestxml/document/internal/xml_escape.h"
 #include "kestxml/document/string_buffer.h"
@@ -37,7 +39,8 @@ inline CStringBuffer& CXmlTextWriter::Buffer() const {
 
 inline std::u16string_view CXmlTextWriter::TagEndAndMargin(std::int32_t depth) {
   std::size_t length = m_tagEndLength;
-  if (m_formatted) length += static_cast<std::size_t>(depth) * m_indent.size();
+  // The depth is open to writers of other formats, which may take it below the root.
+  if (m_formatted) length += static_cast<std::size_t>(std::max(depth, 0)) * m_indent.size();
   while (m_margin.size() < length) m_margin += m_indent;
   return {m_margin.data(), length};
 }

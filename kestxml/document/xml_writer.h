@@ -60,7 +60,9 @@ class KESTXML_API CXmlWriter : public CInstanceMonitor {
   /// @param itemType what the formatted @p text stands for, for formats with types of their own.
   /// @param isDefaultValue whether the schema's default supplied the value.
   virtual void WriteText(std::u16string_view text, ItemType itemType, bool isDefaultValue) = 0;
+  /// @throws CKestException when no element is open.
   virtual void EndElement() = 0;
+  // The three that follow throw CKestException unless a start tag is open.
   virtual void WriteAttribute(std::u16string_view localName, std::u16string_view uri,
                               std::u16string_view value, ItemType itemType) = 0;
   /// Writes xsi:type with the qualified name of the type as its value.

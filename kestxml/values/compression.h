@@ -35,6 +35,6 @@ KESTXML_API bool Inflate(CBinaryData& inflated, unsigned char const* data, std::
 /// @param maxBytes most bytes to inflate to; 0 for as many as 32 bits can count.
 /// @throws CKestException when there are more; the input is then untouched.
 KESTXML_API void DecompressBuffer(unsigned char** data, std::uint32_t* length,
-                                  std::uint64_t maxBytes);
+                                  std::uint64_t maxBytes = std::uint64_t{1} << 30);
 
 }  // namespace KestXmlLib20

@@ -44,13 +44,14 @@ class KESTXML_API CConversions {
   static std::u16string ui8ToString(std::uint64_t value);
   static std::uint64_t ui8FromString(std::u16string_view text, Rule rule);
 
-  /// "NaN", "INF", "-INF", or 7 significant digits (r8: 16) in the shorter of the decimal and the
-  /// exponent form. A @p format that is not empty is that of FormatString with one conversion of a
+  /// "NaN", "INF", "-INF", or up to 7 significant digits (r8: 16) without trailing zeros, with an
+  /// exponent below 1e-4 and where there are more digits before the point than that. A @p format that is not empty is that of FormatString with one conversion of a
   /// double, such as u"%.2f"; its text is cut at 31 units (r8: 47).
   static std::u16string r4ToString(float value, std::u16string_view format = {});
   static std::u16string r8ToString(double value, std::u16string_view format = {});
   /// Reads decimal forms, with an exponent or not, and exactly "NaN", "1.#QNAN", "-NAN", "INF" and
-  /// "-INF". A number out of range becomes infinity or zero. An r4 is read as r8 and narrowed.
+  /// "-INF". White space before a number is skipped, and a null unit ends it. A number out of range
+  /// becomes infinity or zero. An r4 is read as r8 and narrowed.
   static float r4FromString(std::u16string_view text, Rule rule);
   static double r8FromString(std::u16string_view text, Rule rule);
 

@@ -1,10 +1,11 @@
 // The library's only lock class.
 #pragma once
 
+#include "kestxml/platform/api.h"
 #include "kestxml/platform/recursive_lock.h"
 
 /// A lock that the thread which holds it may take again.
-class CKESTCriticalSection {
+class KESTXML_API CKESTCriticalSection {
  public:
   constexpr CKESTCriticalSection() noexcept = default;
   /// A copy is a lock of its own, free whatever the state of its source: the class is copied only

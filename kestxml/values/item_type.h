@@ -14,10 +14,10 @@ enum ItemType : std::int32_t {
   ItemType_i2 = 4,   ///< signed, 16 bits
   ItemType_i4 = 5,   ///< signed, 32 bits
   ItemType_i8 = 6,   ///< signed, 64 bits
-  ItemType_ui1 = 7,  ///< unsigned, 8 bits; the next three likewise
-  ItemType_ui2 = 8,
-  ItemType_ui4 = 9,
-  ItemType_ui8 = 10,
+  ItemType_ui1 = 7,   ///< unsigned, 8 bits
+  ItemType_ui2 = 8,   ///< unsigned, 16 bits
+  ItemType_ui4 = 9,   ///< unsigned, 32 bits
+  ItemType_ui8 = 10,  ///< unsigned, 64 bits
   ItemType_r4 = 11,  ///< float
   ItemType_r8 = 12,  ///< double
   ItemType_duration = 13,

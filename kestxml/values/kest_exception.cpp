@@ -30,23 +30,22 @@ CKestException::CKestException(std::u16string message, std::u16string path,
       m_inner(inner.Clone()) {}
 
 CKestException::CKestException(CKestException const& other)
-    : m_message(other.m_message), m_path(other.m_path), m_inner(other.m_inner) {}
+    : m_message(other.m_message),
+      m_path(other.m_path),
+      m_inner(other.m_inner ? other.m_inner->Clone() : nullptr) {}
 
 CKestException& CKestException::operator=(CKestException const& other) {
   if (this == &other) return *this;
-  if (m_inner) m_replacedInners.push_back(m_inner);
+  std::unique_ptr<CKestException> inner(other.m_inner ? other.m_inner->Clone() : nullptr);
+  if (m_inner) m_replacedInners.push_back(std::move(m_inner));
   m_message = other.m_message;
-  m_inner = other.m_inner;
+  m_inner = std::move(inner);
   return *this;
 }
 
 // Chains grow with the depth of a document, so they are taken apart in a loop.
 CKestException::~CKestException() {
-  auto link = std::move(m_inner);
-  while (link && link.use_count() == 1) {
-    auto next = std::move(const_cast<CKestException&>(*link).m_inner);
-    link = std::move(next);
-  }
+  for (auto link = std::move(m_inner); link;) link = std::move(link->m_inner);
 }
 
 std::u16string CKestException::GetFullMessage() const {

@@ -46,9 +46,8 @@ class KESTXML_API CKestException {
  private:
   std::u16string m_message;
   std::u16string m_path;
-  // A failure is immutable once it is an inner one, so copies of a chain share it.
-  std::shared_ptr<CKestException const> m_inner;
-  std::vector<std::shared_ptr<CKestException const>> m_replacedInners;  // copies need none of them
+  std::unique_ptr<CKestException> m_inner;
+  std::vector<std::unique_ptr<CKestException>> m_replacedInners;  // copies need none of them
 };
 
 /// A document or an object that does not satisfy the structure that its schema asks for.

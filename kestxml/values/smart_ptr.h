@@ -21,7 +21,9 @@ class CSmartPtr {
   using element_type = T;
 
   constexpr CSmartPtr() noexcept = default;
-  constexpr CSmartPtr(std::nullptr_t) noexcept {}  // NOLINT: null stands wherever a pointer does
+  /// From nullptr alone, so that NULL and 0 are null pointers, too.
+  template <std::same_as<std::nullptr_t> Null>
+  constexpr CSmartPtr(Null) noexcept {}  // NOLINT: null stands wherever a pointer does
   /// Takes a reference of its own: the caller's pointer still only borrows.
   CSmartPtr(T* object) : m_pObject(object) { Acquire(); }  // NOLINT: the count lies in the object
   CSmartPtr(CSmartPtr const& other) : m_pObject(other.m_pObject) { Acquire(); }

@@ -33,6 +33,8 @@ class KESTXML_API CUtf8Encoder {
   /// Writes the UTF-8 of @p text to @p out, which has room for MaxBytes(text.size()), and gives
   /// the end of what was written. A high surrogate at the end waits for the next piece.
   char* Encode(std::u16string_view text, char* out);
+  /// Whether a high surrogate waits for the next piece.
+  bool IsWaiting() const { return m_pendingHigh != 0; }
   /// Writes U+FFFD for a high surrogate that still waits; @p out has room for MaxBytes(0).
   char* Finish(char* out);
 

@@ -140,6 +140,12 @@ TEST(Limits, HoldAtTheirValueAndRefuseOneMore) {
       {"DefaultDeclarations", [](auto&) {}, "<a " + Repeat("xmlns:b#='u' ", 10000) + "/>",
        "<a " + Repeat("xmlns:b#='u' ", 10001) + "/>",
        "An element exceeds the limit of 10000 namespace declarations."},
+      {"NamespaceLength", [](auto& limits) { limits.SetMaxNamespaceLength(5); },
+       "<r><a xmlns='12345'/></r>", "<r><a xmlns='123456'/></r>",
+       "A namespace exceeds the limit of 5 characters.\nPath: /r"},
+      {"DefaultNamespaceLength", [](auto&) {}, "<a xmlns='" + std::string(10000, 'u') + "'/>",
+       "<a xmlns='" + std::string(10001, 'u') + "'/>",
+       "A namespace exceeds the limit of 10000 characters."},
       {"Elements", [](auto& limits) { limits.SetMaxElements(3); }, "<a><b/><b/></a>",
        "<a><b/><b/><b/></a>", "The document exceeds the limit of 3 elements.\nPath: /a"},
   };

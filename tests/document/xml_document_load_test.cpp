@@ -177,8 +177,10 @@ TEST_F(Load, HoldsTheLimitOnInflating) {
   document.LoadXmlStream(data.GetData(), data.GetLength());
   EXPECT_EQ(TextLength(document), 99'993u);
   context.GetLimits().SetMaxInflatedBytes(99'999);
-  EXPECT_EQ(Thrown([&] { document.LoadXmlStream(data.GetData(), data.GetLength()); }),
-            u"The document exceeds the limit of 99999 bytes after decompression.");
+  char16_t const* const refused =
+      u"The document exceeds the limit of 99999 bytes after decompression.";
+  EXPECT_EQ(Thrown([&] { document.LoadXmlStream(data.GetData(), data.GetLength()); }), refused);
+  EXPECT_EQ(Thrown([&] { document.Load(File(Bytes(data)).c_str()); }), refused);
 }
 
 }  // namespace

@@ -116,6 +116,25 @@ TEST(WideText, MayNotBringItsOwnMark) {
             "not well-formed (invalid token) at line 1");
 }
 
+TEST(ByteText, IsReadInItsEncoding) {
+  struct Row {
+    char const* name;
+    std::string bytes;
+  };
+  using namespace std::string_literals;
+  Row const rows[] = {
+      {"LittleEndian", "<\0a\0>\0\xE9\0<\0/\0a\0>\0"s},
+      {"BigEndian", "\0<\0a\0>\0\xE9\0<\0/\0a\0>"s},
+      {"BigEndianMark", "\xFE\xFF\0<\0a\0>\0\xE9\0<\0/\0a\0>"s},
+  };
+  for (Row const& row : rows) {
+    CXmlDocument document;
+    document.LoadXmlStream(reinterpret_cast<unsigned char const*>(row.bytes.data()),
+                           static_cast<std::uint32_t>(row.bytes.size()));
+    EXPECT_EQ(OutlineOf(document), "a[é]") << row.name;
+  }
+}
+
 TEST(ByteText, WithAMarkIsUtf16WhateverItDeclares) {
   std::u16string const text = u"\uFEFF<?xml version='1.0' encoding='UTF-8'?><a>é</a>";
   CXmlDocument document;
@@ -220,6 +239,42 @@ TEST(Views, AreTerminatedAndNeverNull) {
   EXPECT_EQ(root->GetAttributes().size(), 2u);
   EXPECT_EQ(root->GetAttributes()[1]->GetElement(), root);
   EXPECT_EQ(root->GetDocument(), &document);
+}
+
+// What came of the first text must not lie where the second is put.
+TEST(Views, OfTextThatIsDroppedAreTerminatedToo) {
+  CXmlDocument document;
+  document.LoadXml(("<a><b>&#13;</b><b>" + std::string(1000, 'x') + "</b></a>").c_str());
+  auto const text = document.GetDocumentElement()->GetFirstElement()->GetText();
+  EXPECT_TRUE(text.empty());
+  EXPECT_EQ(*text.data(), u'\0');
+}
+
+TEST(NullPointers, CountAsEmpty) {
+  CXmlDocument document;
+  EXPECT_EQ(FailureOf([&] { document.LoadXml(static_cast<char const*>(nullptr)); }),
+            "XML String is empty!");
+  EXPECT_EQ(FailureOf([&] { document.LoadXml(static_cast<char16_t const*>(nullptr)); }),
+            "no element found at line 1");
+  EXPECT_EQ(FailureOf([&] { document.LoadXmlStream(nullptr, 5); }), "XML Stream is empty!");
+  EXPECT_EQ(FailureOf([&] { document.Load(nullptr); }),
+            "Failed to open the file [] Error [0x00000002]");
+  char16_t const* const none = nullptr;
+  EXPECT_EQ(document.LookupNamespaceFromAlias(none), u"");
+  EXPECT_EQ(document.LookupAliasFromNamespace(none), u"");
+}
+
+TEST(Names, OfManyNamespacesShareTheirTexts) {
+  std::string text = "<a>";
+  for (int i = 0; i < 300; ++i) {
+    text += "<b xmlns='urn:" + std::to_string(i % 150) + "'/>";
+  }
+  CXmlDocument document;
+  document.LoadXml((text + "</a>").c_str());
+  std::vector<XmlName const*> names;
+  auto const* child = document.GetDocumentElement()->GetFirstElement();
+  for (; child; child = child->GetNextSiblingElement()) names.push_back(&child->GetName());
+  for (std::size_t i = 0; i < 150; ++i) EXPECT_EQ(names[i], names[i + 150]);
 }
 
 TEST(Names, OfOneDocumentAreHeldOnce) {

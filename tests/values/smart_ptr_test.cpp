@@ -37,6 +37,9 @@ TEST(SmartPtr, AssignmentGivesTheOldReferenceBack) {
   EXPECT_TRUE(pointer == &b && pointer != CSmartPtr<Derived>(&a) && pointer != nullptr);
   pointer = nullptr;
   EXPECT_EQ(b.count, 0);
+  pointer = &b;
+  pointer = NULL;
+  EXPECT_EQ(b.count, 0);
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 #include "kestxml/document/internal/arena.h"
 
 #include <new>
+#include <utility>
 
 #include "kestxml/platform/large_pages.h"
 
@@ -72,6 +73,10 @@ void Arena::Use(Block* block) {
 
 void* Arena::AllocateFromNextBlock(std::size_t bytes) {
   Block*& link = m_current ? m_current->next : m_first;
+  // A block that served one huge text and can't serve the next would only pile up.
+  while (link && link->Room() < bytes && link->size > kLargeBlock) {
+    FreeBlock(std::exchange(link, link->next));
+  }
   if (!link || link->Room() < bytes) {
     link = NewBlock(NextSize(m_current ? m_current->size : 0, bytes), link);
   }

@@ -18,7 +18,8 @@ static_assert(sizeof(XML_Char) == sizeof(char16_t));
 // unlike "|" it is one that Expat lets a document's own URIs live beside.
 constexpr char16_t kSeparator = u'\u0001';
 constexpr XML_Char kUtf16[] = {'U', 'T', 'F', '-', '1', '6', 0};
-constexpr std::uint64_t kSmallDocument = std::uint64_t{64} * 1024;
+// A parser that has seen no more, in bytes or in units of names, holds little memory.
+constexpr std::uint64_t kLittleForParser = std::uint64_t{64} * 1024;
 
 // Called for every name and attribute value, so the usual short text takes few steps.
 std::size_t Length(XML_Char const* text) {
@@ -39,12 +40,10 @@ std::u16string Copy(XML_Char const* text) {
 
 // A name reads as URI, "|" and local name, and is cut at its first "|": a URI that holds one loses
 // its rest to the local name.
-NameTable::Spelling SpellName(std::u16string_view key) {
-  std::u16string name(key);
-  std::ranges::replace(name, kSeparator, u'|');
-  auto const cut = name.find(u'|');
-  if (cut == std::u16string::npos) return {{}, std::move(name)};
-  return {name.substr(0, cut), name.substr(cut + 1)};
+NameTable::Spelling CutAtFirstBar(std::u16string_view uri, std::u16string_view localName) {
+  std::size_t const bar = uri.find(u'|');
+  std::u16string rest(uri.substr(bar + 1));
+  return {std::u16string(uri.substr(0, bar)), rest.append(u"|").append(localName)};
 }
 
 bool BeginsWithByteOrderMark(std::span<unsigned char const> head) {
@@ -57,18 +56,13 @@ CExpatReader::CExpatReader(CXmlTree& tree, ExpatReaderOptions options)
     : m_tree(tree), m_options(options) {}
 
 CExpatReader::~CExpatReader() {
-  if (!m_isComplete || !m_options.namespaces || m_parsedBytes > kSmallDocument) return;
-  SpareParser() = std::move(m_parser);
-}
-
-CExpatReader::Parser& CExpatReader::SpareParser() {
-  thread_local Parser spare;
-  return spare;
+  bool const isSmall = m_parsedBytes <= kLittleForParser && m_namedUnits <= kLittleForParser;
+  if (m_isComplete && m_options.namespaces && isSmall) SpareParser::Keep(std::move(m_parser));
 }
 
 CExpatReader::Parser CExpatReader::TakeParser(bool namespaces, XML_Char const* encoding) {
   if (!namespaces) return Parser(XML_ParserCreate(encoding));
-  Parser spare = std::move(SpareParser());
+  Parser spare = SpareParser::Take();
   if (spare && XML_ParserReset(spare.get(), encoding)) return spare;
   return Parser(XML_ParserCreateNS(encoding, static_cast<XML_Char>(kSeparator)));
 }
@@ -120,7 +114,7 @@ void CExpatReader::ParseBuffer(unsigned char const* data, std::uint32_t length, 
 void* CExpatReader::GetBuffer(std::span<unsigned char const> head, std::uint32_t length) {
   if (!m_parser) Initialise(head);
   void* const buffer = XML_GetBuffer(m_parser.get(), static_cast<int>(length));
-  if (!buffer) throw std::bad_alloc();
+  if (!buffer) ThrowFailure();
   return buffer;
 }
 
@@ -129,27 +123,60 @@ void CExpatReader::ParseFilledBuffer(std::uint32_t length, bool isFinal) {
 }
 
 void CExpatReader::Finish(XML_Status status, std::uint32_t length, bool isFinal) {
-  if (status == XML_STATUS_ERROR) {
-    if (m_failure) std::rethrow_exception(m_failure);
-    XML_Parser const parser = m_parser.get();
-    throw CKestException(FormatString(u"%S at line %d", XML_ErrorString(XML_GetErrorCode(parser)),
-                                      XML_GetCurrentLineNumber(parser)));
-  }
+  if (m_failure) std::rethrow_exception(m_failure);
+  if (status == XML_STATUS_ERROR) ThrowFailure();
   m_parsedBytes += length;
   m_isComplete = isFinal;
+}
+
+void CExpatReader::ThrowFailure() const {
+  XML_Parser const parser = m_parser.get();
+  throw CKestException(FormatString(u"%S at line %d", XML_ErrorString(XML_GetErrorCode(parser)),
+                                    XML_GetCurrentLineNumber(parser)));
+}
+
+bool CExpatReader::IsInLatest(XML_Char const* name) const {
+  if (!m_latest.uri) return false;
+  for (char16_t const unit : m_latest.uri->text) {
+    if (*name++ != unit) return false;
+  }
+  return *name == kSeparator;
+}
+
+// The separator stands behind the URI; a name in no namespace has none.
+XmlName const* CExpatReader::InternName(XML_Char const* name) {
+  if (!IsInLatest(name)) {
+    std::size_t units = 0;
+    while (name[units] && name[units] != kSeparator) ++units;
+    if (!name[units]) {
+      if (!m_none.uri) m_none.uri = m_tree.InternUri(u"", 0);
+      return Intern(m_none, name);
+    }
+    m_latest.uri = m_tree.InternUri(name, units);
+    m_latest.spell = m_latest.uri->text.find(u'|') == std::u16string_view::npos ? nullptr
+                                                                                : CutAtFirstBar;
+  }
+  return Intern(m_latest, name + m_latest.uri->text.size() + 1);
+}
+
+XmlName const* CExpatReader::Intern(Namespace const& ns, XML_Char const* localName) {
+  std::size_t const units = Length(localName);
+  m_namedUnits += ns.uri->text.size() + units;
+  return m_tree.InternName(ns.uri, localName, units, ns.spell);
 }
 
 void CExpatReader::OnStartElement(XML_Char const* name, XML_Char const** attributes) {
   m_attributes.clear();
   for (; *attributes; attributes += 2) {
-    m_attributes.push_back({m_tree.InternName(attributes[0], Length(attributes[0]), SpellName),
+    m_attributes.push_back({InternName(attributes[0]),
                             attributes[1], static_cast<std::uint32_t>(Length(attributes[1]))});
   }
-  m_tree.AddElement(m_tree.InternName(name, Length(name), SpellName), m_attributes);
+  m_tree.AddElement(InternName(name), m_attributes);
 }
 
+// What is thrown away takes its names along.
 void CExpatReader::OnEndElement(XML_Char const* /*name*/) {
-  m_tree.EndElement();
+  if (m_tree.EndElement()) m_none = m_latest = {};
 }
 
 void CExpatReader::OnStartNamespace(XML_Char const* prefix, XML_Char const* uri) {

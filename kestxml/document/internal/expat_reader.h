@@ -13,6 +13,7 @@
 #include <span>
 #include <vector>
 
+#include "kestxml/document/internal/thread_spare.h"
 #include "kestxml/document/internal/xml_tree.h"
 
 namespace KestXmlLib20::internal {
@@ -53,16 +54,26 @@ class CExpatReader {
   using Parser = std::unique_ptr<XML_ParserStruct, FreeParser>;
 
   // One parser of each thread waits for its next small document.
-  static Parser& SpareParser();
+  using SpareParser = ThreadSpare<Parser>;
   static Parser TakeParser(bool namespaces, XML_Char const* encoding);
 
   void Initialise(std::span<unsigned char const> head);
   void Finish(XML_Status status, std::uint32_t length, bool isFinal);
+  [[noreturn]] void ThrowFailure() const;
 
   // The one way from Expat into this class: C code must not see an exception, so the first is
   // kept until the parse call has returned, and what Expat still reports by then is not looked at.
   template <auto Event, typename... Arguments>
   static void Call(void* reader, Arguments... arguments);
+
+  /// A namespace of names, and how names in it are spelled.
+  struct Namespace {
+    XmlUri const* uri = nullptr;
+    NameTable::Spell spell = nullptr;
+  };
+  XmlName const* InternName(XML_Char const* name);
+  bool IsInLatest(XML_Char const* name) const;
+  XmlName const* Intern(Namespace const& ns, XML_Char const* localName);
 
   void OnStartElement(XML_Char const* name, XML_Char const** attributes);
   void OnEndElement(XML_Char const* name);
@@ -76,7 +87,10 @@ class CExpatReader {
   Parser m_parser;
   std::exception_ptr m_failure;
   std::vector<CXmlTree::NewAttribute> m_attributes;
+  Namespace m_none;    // of names without one
+  Namespace m_latest;  // of the name before that had one, the likeliest of the next
   std::uint64_t m_parsedBytes = 0;
+  std::uint64_t m_namedUnits = 0;  // of all names; the parser holds memory for the longest
   bool m_isComplete = false;
 };
 

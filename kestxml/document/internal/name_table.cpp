@@ -1,6 +1,5 @@
 #include "kestxml/document/internal/name_table.h"
 
-#include <algorithm>
 #include <cstring>
 #include <new>
 #include <random>
@@ -8,11 +7,12 @@
 namespace KestXmlLib20::internal {
 namespace {
 
-constexpr std::size_t kFirstBuckets = 128;
 // A stream of like elements brings the same names again and again: they are kept until there are
 // more of them than any ordinary vocabulary has.
 constexpr std::size_t kNamesWorthKeeping = 4096;
-constexpr std::size_t kBytesWorthKeeping = std::size_t{64} * 1024;  // for the next document
+// What is kept for the next document: as many names as it may well use, and as many bytes.
+constexpr std::size_t kNamesForNext = 1024;
+constexpr std::size_t kBytesForNext = std::size_t{128} * 1024;
 
 struct HashKey {
   std::uint64_t first;
@@ -54,8 +54,6 @@ std::uint64_t LoadShort(unsigned char const* bytes, std::size_t length) {
 
 }  // namespace
 
-NameTable::NameTable() : m_buckets(kFirstBuckets) {}
-
 std::uint64_t NameTable::Hash(void const* bytes, std::size_t length) {
   HashKey const& key = ProcessHashKey();
   auto const* const begin = static_cast<unsigned char const*>(bytes);
@@ -69,96 +67,76 @@ std::uint64_t NameTable::Hash(void const* bytes, std::size_t length) {
   return Fold(Load<std::uint64_t>(tail) ^ hash, Load<std::uint64_t>(end - 8) ^ key.second);
 }
 
-NameTable::Entry* NameTable::Find(void const* key, std::size_t units, std::uint64_t hash) const {
-  for (Entry* entry = m_buckets[hash & (m_buckets.size() - 1)]; entry; entry = entry->next) {
-    if (entry->hash == hash && entry->units == units &&
-        std::memcmp(entry->Key(), key, units * sizeof(char16_t)) == 0) {
-      return entry;
-    }
-  }
-  return nullptr;
-}
-
-std::u16string_view NameTable::Store(std::u16string_view text) {
-  if (text.empty()) return u"";
-  std::size_t const bytes = text.size() * sizeof(char16_t);
-  auto* const copy = static_cast<char16_t*>(m_arena.Allocate(bytes + sizeof(char16_t)));
+void* NameTable::Allocate(std::size_t bytes) {
   m_storedBytes += bytes;
-  std::memcpy(copy, text.data(), bytes);
-  copy[text.size()] = u'\0';
-  return {copy, text.size()};
+  return m_arena.Allocate(bytes);
 }
 
-// A document has few namespaces, and the search is made once for each distinct name; the latest
-// are the likeliest. The search is bounded, so that it never gets slow: a URI that is not found is
-// only held twice.
-std::u16string_view NameTable::InternUri(std::u16string_view uri) {
-  constexpr std::size_t kLatest = 64;
-  auto const latest = m_uris.rbegin();
-  auto const oldest = latest + static_cast<std::ptrdiff_t>(std::min(kLatest, m_uris.size()));
-  auto const found = std::find(latest, oldest, uri);
-  if (found != oldest) return *found;
-  m_uris.push_back(Store(uri));
-  return m_uris.back();
-}
-
-XmlName const* NameTable::Add(void const* key, std::size_t units, std::uint64_t hash,
-                              SpellKey spell, CXmlDocument const* const* owner) {
-  if (m_entries.size() >= m_buckets.size()) Grow();
+std::u16string_view NameTable::Store(void const* text, std::size_t units) {
+  if (units == 0) return u"";
   std::size_t const bytes = units * sizeof(char16_t);
-  auto* const entry = new (m_arena.Allocate(sizeof(Entry) + bytes)) Entry;
-  std::memcpy(static_cast<void*>(entry + 1), key, bytes);
-  std::u16string copy(units, u'\0');
-  std::memcpy(copy.data(), key, bytes);
-  Spelling const spelling = spell(copy);
-  entry->name = {InternUri(spelling.namespaceURI), Store(spelling.localName), owner};
-  entry->hash = hash;
-  entry->units = units;
-  m_entries.push_back(entry);
-  Entry*& bucket = Bucket(hash);
-  entry->next = bucket;
-  bucket = entry;
-  return &entry->name;
+  auto* const copy = static_cast<char16_t*>(Allocate(bytes + sizeof(char16_t)));
+  std::memcpy(copy, text, bytes);
+  copy[units] = u'\0';
+  return {copy, units};
 }
 
-void NameTable::Grow() {
-  m_buckets.assign(m_buckets.size() * 4, nullptr);
-  for (Entry* const entry : m_entries) {
-    Entry*& bucket = Bucket(entry->hash);
-    entry->next = bucket;
-    bucket = entry;
+XmlUri const* NameTable::InternUri(void const* uri, std::size_t units) {
+  std::size_t const bytes = units * sizeof(char16_t);
+  std::uint64_t const hash = Hash(uri, bytes);
+  auto const isSame = [&](XmlUri const& held) {
+    return held.text.size() == units && std::memcmp(held.text.data(), uri, bytes) == 0;
+  };
+  if (XmlUri const* const held = m_uris.Find(hash, isSame)) return held;
+  auto* const added = new (Allocate(sizeof(XmlUri))) XmlUri{Store(uri, units), hash, nullptr};
+  m_uris.Add(added);
+  return added;
+}
+
+XmlName const* NameTable::Intern(XmlUri const* uri, void const* localName, std::size_t units,
+                                 Spell spell, CXmlDocument const* const* owner) {
+  std::size_t const bytes = units * sizeof(char16_t);
+  std::uint64_t const hash = Hash(localName, bytes) ^ uri->hash;
+  auto const isSame = [&](Entry const& held) {
+    return held.uri == uri && held.localName.size() == units &&
+           std::memcmp(held.localName.data(), localName, bytes) == 0;
+  };
+  if (Entry const* const held = m_names.Find(hash, isSame)) return &held->name;
+  return Add(uri, localName, units, hash, spell, owner);
+}
+
+XmlName const* NameTable::Add(XmlUri const* uri, void const* localName, std::size_t units,
+                              std::uint64_t hash, Spell spell, CXmlDocument const* const* owner) {
+  std::u16string_view const local = Store(localName, units);
+  XmlName name{uri->text, local, owner};
+  if (spell) {
+    Spelling const spelling = spell(uri->text, local);
+    name.namespaceURI =
+        InternUri(spelling.namespaceURI.data(), spelling.namespaceURI.size())->text;
+    name.localName = Store(spelling.localName.data(), spelling.localName.size());
   }
+  auto* const entry = new (Allocate(sizeof(Entry))) Entry{name, uri, local, hash, nullptr};
+  m_names.Add(entry);
+  return &entry->name;
 }
 
 NameTable::Mark NameTable::GetMark() const {
   Mark mark;
   mark.m_arena = m_arena.GetMark();
-  mark.m_names = m_entries.size();
-  mark.m_uris = m_uris.size();
+  mark.m_names = m_names.GetSize();
+  mark.m_uris = m_uris.GetSize();
   return mark;
 }
 
 void NameTable::ReleaseTo(Mark const& mark) {
-  if (m_entries.size() <= kNamesWorthKeeping) return;
-  while (m_entries.size() > mark.m_names) {
-    Entry* const latest = m_entries.back();
-    Bucket(latest->hash) = latest->next;
-    m_entries.pop_back();
-  }
-  m_uris.resize(mark.m_uris);
+  if (m_names.GetSize() <= kNamesWorthKeeping) return;
+  m_names.ReleaseTo(mark.m_names);
+  m_uris.ReleaseTo(mark.m_uris);
   m_arena.ReleaseTo(mark.m_arena);
 }
 
-void NameTable::Reset() {
-  if (m_entries.size() > kFirstBuckets || m_storedBytes > kBytesWorthKeeping) Clear();
-}
-
-void NameTable::Clear() {
-  m_buckets = std::vector<Entry*>(kFirstBuckets);
-  m_entries = std::vector<Entry*>();
-  m_uris = std::vector<std::u16string_view>();
-  m_arena.ResetAndTrim(0);
-  m_storedBytes = 0;
+bool NameTable::IsWorthKeeping() const {
+  return m_names.GetSize() <= kNamesForNext && m_storedBytes <= kBytesForNext;
 }
 
 }  // namespace KestXmlLib20::internal

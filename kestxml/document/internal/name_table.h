@@ -5,36 +5,42 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include "kestxml/document/internal/arena.h"
+#include "kestxml/document/internal/lifo_hash_table.h"
 #include "kestxml/document/xml_name.h"
 
 namespace KestXmlLib20::internal {
 
-/// Finds the XmlName of a key, which is the name as a parser front end spells it; all names have
-/// one owner. The hash is
-/// keyed with a number that a document's author can't know, so names can't be made to collide.
+/// A namespace URI, held once in its table and followed by a zero unit.
+struct XmlUri {
+  std::u16string_view text;
+  std::uint64_t hash;
+  XmlUri* next;
+};
+
+/// Finds the XmlName of a URI and a local name as a parser front end has them. Texts come as 16-bit
+/// units of whatever type; only their bytes are looked at. The hash is keyed with a number that a
+/// document's author can't know, so names can't be made to collide.
 class NameTable {
  public:
-  /// How a key reads as a name. Called once for each distinct key.
+  /// How a URI and a local name read as a name, where they are not the name as they stand. Asked
+  /// once for each distinct pair.
   struct Spelling {
     std::u16string namespaceURI;
     std::u16string localName;
   };
-  using SpellKey = Spelling (*)(std::u16string_view key);
+  using Spell = Spelling (*)(std::u16string_view uri, std::u16string_view localName);
 
-  NameTable();
+  NameTable() = default;
   NameTable(NameTable const&) = delete;
   NameTable& operator=(NameTable const&) = delete;
 
-  /// @param key @p units 16-bit units, of whatever type; only their bytes are looked at.
-  XmlName const* Intern(void const* key, std::size_t units, SpellKey spell,
-                        CXmlDocument const* const* owner) {
-    std::uint64_t const hash = Hash(key, units * sizeof(char16_t));
-    if (Entry const* const entry = Find(key, units, hash)) return &entry->name;
-    return Add(key, units, hash, spell, owner);
-  }
+  XmlUri const* InternUri(void const* uri, std::size_t units);
+  /// @param spell null for names as they stand.
+  /// @param owner what all names of the table note.
+  XmlName const* Intern(XmlUri const* uri, void const* localName, std::size_t units, Spell spell,
+                        CXmlDocument const* const* owner);
 
   class Mark {
     friend class NameTable;
@@ -43,38 +49,30 @@ class NameTable {
     std::size_t m_uris = 0;
   };
   Mark GetMark() const;
-  /// Forgets the names that came since @p mark, if they are many.
+  /// Forgets the names and URIs that came since @p mark, if names are many.
   void ReleaseTo(Mark const& mark);
 
-  /// Makes ready for the next document, which often has the same names: they stay, unless they are
-  /// many or large.
-  void Reset();
+  /// Whether the table is small enough to be kept for the next document, which often has the same
+  /// names.
+  bool IsWorthKeeping() const;
 
  private:
-  // Entries of one bucket are chained with the latest first, so that those behind a mark can be
-  // taken off the front.
   struct Entry {
     XmlName name;
-    Entry* next;
+    XmlUri const* uri;
+    std::u16string_view localName;  // as the front end has it
     std::uint64_t hash;
-    std::size_t units;  // of the key, which stands right behind the entry
-
-    void const* Key() const { return this + 1; }
+    Entry* next;
   };
 
   static std::uint64_t Hash(void const* bytes, std::size_t length);
-  Entry* Find(void const* key, std::size_t units, std::uint64_t hash) const;
-  XmlName const* Add(void const* key, std::size_t units, std::uint64_t hash, SpellKey spell,
-                     CXmlDocument const* const* owner);
-  std::u16string_view InternUri(std::u16string_view uri);
-  std::u16string_view Store(std::u16string_view text);
-  Entry*& Bucket(std::uint64_t hash) { return m_buckets[hash & (m_buckets.size() - 1)]; }
-  void Grow();
-  void Clear();
+  XmlName const* Add(XmlUri const* uri, void const* localName, std::size_t units,
+                     std::uint64_t hash, Spell spell, CXmlDocument const* const* owner);
+  std::u16string_view Store(void const* text, std::size_t units);
+  void* Allocate(std::size_t bytes);
 
-  std::vector<Entry*> m_buckets;  // a power of two
-  std::vector<Entry*> m_entries;  // in order of coming
-  std::vector<std::u16string_view> m_uris;
+  LifoHashTable<XmlUri> m_uris;
+  LifoHashTable<Entry> m_names;
   Arena m_arena;
   std::size_t m_storedBytes = 0;
 };

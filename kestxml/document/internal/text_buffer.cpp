@@ -25,9 +25,7 @@ void TextBuffer::Grow(std::uint32_t units) {
   m_capacity = capacity;
 }
 
-void TextBuffer::ClearAndTrim(std::size_t bytes) {
-  m_length = 0;
-  if (GetHeldBytes() <= bytes) return;
+void TextBuffer::Release() {
   m_units.reset();
   m_capacity = 0;
 }

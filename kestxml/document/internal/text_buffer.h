@@ -23,14 +23,17 @@ class TextBuffer {
   }
   void Clear() { m_length = 0; }
   /// As Clear, and gives memory above @p bytes back.
-  void ClearAndTrim(std::size_t bytes);
+  void ClearAndTrim(std::size_t bytes) {
+    m_length = 0;
+    if (m_capacity * sizeof(char16_t) > bytes) Release();
+  }
 
   char16_t const* GetData() const { return m_units.get(); }
   std::uint32_t GetLength() const { return m_length; }
-  std::size_t GetHeldBytes() const { return m_capacity * sizeof(char16_t); }
 
  private:
   void Grow(std::uint32_t units);
+  void Release();
 
   std::unique_ptr<char16_t[]> m_units;
   std::uint32_t m_length = 0;

@@ -51,6 +51,7 @@ void AppendBytes(CStringBuffer const& text, XmlEncoding encoding, CUtf8Encoder& 
 }
 
 void FinishBytes(CUtf8Encoder& utf8, CBinaryData& bytes) {
+  if (!utf8.IsWaiting()) return;
   AppendEncoded(CUtf8Encoder::MaxBytes(0), bytes, [&](char* out) { return utf8.Finish(out); });
 }
 

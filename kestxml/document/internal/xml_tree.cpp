@@ -12,6 +12,11 @@
 namespace KestXmlLib20::internal {
 namespace {
 
+// Levels that a tree keeps for the next document, each with a text of at most kTextWorthKeeping
+// bytes: larger texts are seldom, and their memory is given back as soon as their element ends.
+constexpr std::size_t kLevelsWorthKeeping = 64;
+constexpr std::size_t kTextWorthKeeping = CXmlTree::kKeptBytes / 4 / kLevelsWorthKeeping;
+
 constexpr std::size_t RoundUp(std::size_t bytes) {
   return (bytes + Arena::kAlignment - 1) & ~(Arena::kAlignment - 1);
 }
@@ -38,22 +43,16 @@ void CXmlTree::Begin(CXmlDocument const& document, ElementCallback callback,
   m_depth = 0;
   m_indentations = {};
   m_nodes.Reset();
-  m_names.Reset();
   m_aliases.clear();
   SettleNames();
 }
 
-void CXmlTree::Trim() {
+bool CXmlTree::Trim() {
   m_root = nullptr;
   m_depth = 0;
   m_aliases.clear();
   m_nodes.ResetAndTrim(kKeptBytes / 2);
-  m_names.Reset();
-  if (m_open.size() > 64) {
-    m_open = std::vector<OpenElement>();
-  } else {
-    for (OpenElement& open : m_open) open.text.ClearAndTrim(kKeptBytes / 256);
-  }
+  return m_open.size() <= kLevelsWorthKeeping && m_names.IsWorthKeeping();
 }
 
 std::u16string CXmlTree::PathOfLatest() const {
@@ -62,7 +61,10 @@ std::u16string CXmlTree::PathOfLatest() const {
 
 void CXmlTree::AddAlias(std::u16string prefix, std::u16string uri) {
   if (ExceedsLimit(++m_declarationCount, m_limits.GetMaxNamespaceDeclarations())) {
-    ThrowTooManyNamespaceDeclarations(m_limits.GetMaxNamespaceDeclarations(), PathOfLatest());
+    CSerializationLimits::ThrowTooManyNamespaceDeclarations(m_limits.GetMaxNamespaceDeclarations(), PathOfLatest());
+  }
+  if (ExceedsLimit(uri.size(), m_limits.GetMaxNamespaceLength())) {
+    CSerializationLimits::ThrowNamespaceTooLong(m_limits.GetMaxNamespaceLength(), PathOfLatest());
   }
   m_aliases.insert_or_assign(std::move(prefix), std::move(uri));
 }
@@ -70,13 +72,13 @@ void CXmlTree::AddAlias(std::u16string prefix, std::u16string uri) {
 void CXmlTree::TestLimits(std::size_t attributes) {
   m_declarationCount = 0;
   if (ExceedsLimit(m_depth + 1, m_limits.GetMaxDepth())) {
-    ThrowTooDeep(m_limits.GetMaxDepth(), PathOfLatest());
+    CSerializationLimits::ThrowTooDeep(m_limits.GetMaxDepth(), PathOfLatest());
   }
   if (ExceedsLimit(attributes, m_limits.GetMaxAttributes())) {
-    ThrowTooManyAttributes(m_limits.GetMaxAttributes(), PathOfLatest());
+    CSerializationLimits::ThrowTooManyAttributes(m_limits.GetMaxAttributes(), PathOfLatest());
   }
   if (ExceedsLimit(++m_elementCount, m_limits.GetMaxElements())) {
-    ThrowTooManyElements(m_limits.GetMaxElements(), PathOfLatest());
+    CSerializationLimits::ThrowTooManyElements(m_limits.GetMaxElements(), PathOfLatest());
   }
 }
 
@@ -152,7 +154,10 @@ void CXmlTree::AppendTextExcludingCR(void const* text, std::uint32_t units) {
 
 void CXmlTree::StoreText(OpenElement& open) {
   std::uint32_t const units = open.text.GetLength();
-  if (units == 0) return;
+  if (units == 0) {
+    open.element->m_text = u"";  // it may have had text of which nothing was left
+    return;
+  }
   std::u16string_view const text(open.text.GetData(), units);
   // Memory that an element gives back must not hold what others refer to.
   bool const mayBeShared = open.lastChild && !m_callback;
@@ -167,17 +172,19 @@ void CXmlTree::StoreText(OpenElement& open) {
   if (mayBeShared) latest = {stored, units};
 }
 
-void CXmlTree::EndElement() {
+bool CXmlTree::EndElement() {
   OpenElement& open = Latest();
   StoreText(open);
+  open.text.ClearAndTrim(kTextWorthKeeping);
   --m_depth;
   m_latest = m_depth == 0 ? nullptr : &open - 1;
-  if (!m_callback || !m_callback(open.element)) return;
-  if (m_depth == 0) return;  // nothing is left to take the root away from
+  if (!m_callback || !m_callback(open.element)) return false;
+  if (m_depth == 0) return false;  // nothing is left to take the root away from
   Unlink(open);
   m_nodes.ReleaseTo(open.nodesBefore);
   m_names.ReleaseTo(open.namesBefore);
   SettleNames();
+  return true;
 }
 
 void CXmlTree::Unlink(OpenElement const& open) {

@@ -37,23 +37,29 @@ class CXmlTree {
   /// Throws the tree away and makes ready for a load.
   void Begin(CXmlDocument const& document, ElementCallback callback,
              CSerializationLimits const& limits);
-  /// Throws the tree away and keeps memory of at most kKeptBytes.
-  void Trim();
+  /// Throws the tree away and keeps memory of at most kKeptBytes. False when it holds more than
+  /// it is worth keeping.
+  bool Trim();
 
   CXmlElement* GetRoot() const { return m_root; }
   std::map<std::u16string, std::u16string, std::less<>> const& GetAliases() const {
     return m_aliases;
   }
 
-  XmlName const* InternName(void const* key, std::size_t units, NameTable::SpellKey spell) {
-    return m_names.Intern(key, units, spell, &m_document);
+  XmlUri const* InternUri(void const* uri, std::size_t units) {
+    return m_names.InternUri(uri, units);
+  }
+  XmlName const* InternName(XmlUri const* uri, void const* localName, std::size_t units,
+                            NameTable::Spell spell) {
+    return m_names.Intern(uri, localName, units, spell, &m_document);
   }
   /// Binds @p prefix to @p uri in the document's one flat alias map.
   void AddAlias(std::u16string prefix, std::u16string uri);
   /// Opens an element: the root, or a child of the latest one that is open.
   CXmlElement* AddElement(XmlName const* name, std::span<NewAttribute const> attributes);
-  /// Closes the latest open element and asks the callback whether it may go.
-  void EndElement();
+  /// Closes the latest open element and asks the callback whether it may go. True when it went;
+  /// names and URIs that came with it are then gone, too.
+  bool EndElement();
   /// Appends to the text of the latest open element. Carriage returns are left out and a NUL drops
   /// what follows it in @p text, unless they are to be preserved for the whole process. They come
   /// from character references: the parser has normalised the line ends of the source.
