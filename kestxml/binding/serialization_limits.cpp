@@ -18,7 +18,8 @@ void CSerializationLimits::ThrowTooManyAttributes(std::uint32_t bound, std::u16s
                        std::move(path));
 }
 
-void CSerializationLimits::ThrowTooManyNamespaceDeclarations(std::uint32_t bound, std::u16string path) {
+void CSerializationLimits::ThrowTooManyNamespaceDeclarations(std::uint32_t bound,
+                                                             std::u16string path) {
   throw CKestException(
       FormatString(u"An element exceeds the limit of %d namespace declarations.", bound),
       std::move(path));

@@ -98,7 +98,8 @@ void CXmlWriter::AddNamespace(std::u16string_view alias, std::u16string_view uri
 CXmlWriter::CXmlWriterContext* CXmlWriter::CreateContext(std::u16string_view localName,
                                                          std::u16string_view uri) {
   std::uint32_t const level = m_pCurrentContext ? m_pCurrentContext->m_level + 1 : 0;
-  if (ExceedsLimit(std::uint64_t{level} + 1, m_maxDepth)) CSerializationLimits::ThrowTooDeep(m_maxDepth, {});
+  if (ExceedsLimit(std::uint64_t{level} + 1, m_maxDepth))
+    CSerializationLimits::ThrowTooDeep(m_maxDepth, {});
   if (level == m_contexts.size()) {
     m_contexts.push_back(std::make_unique<CXmlWriterContext>());
     m_contexts.back()->m_level = level;

@@ -1,5 +1,8 @@
 #include "kestxml/values/kest_exception.h"
 
+#include <atomic>
+#include <cstdint>
+#include <memory>
 #include <ostream>
 #include <utility>
 
@@ -14,6 +17,35 @@ std::u16string WithPath(std::u16string message, std::u16string const& path) {
 }
 
 }  // namespace
+
+struct CKestException::Inner::Link {
+  std::atomic<std::int32_t> count{1};
+  std::unique_ptr<CKestException> exception;
+};
+
+CKestException::Inner::Inner(CKestException* owned) {
+  std::unique_ptr<CKestException> exception(owned);
+  m_link = new Link;
+  m_link->exception = std::move(exception);
+}
+
+CKestException::Inner::Inner(Inner const& other) : m_link(other.m_link) {
+  if (m_link) m_link->count.fetch_add(1, std::memory_order_relaxed);
+}
+
+// Chains grow with the depth of a document, so they are taken apart in a loop. Only who holds the
+// last reference touches a link, since copies may end in other threads.
+CKestException::Inner::~Inner() {
+  while (m_link && m_link->count.fetch_sub(1, std::memory_order_acq_rel) == 1) {
+    Link* const next = std::exchange(m_link->exception->m_inner.m_link, nullptr);
+    delete m_link;
+    m_link = next;
+  }
+}
+
+CKestException const* CKestException::Inner::Get() const {
+  return m_link ? m_link->exception.get() : nullptr;
+}
 
 CKestException::CKestException(std::u16string message) : m_message(std::move(message)) {}
 
@@ -30,27 +62,21 @@ CKestException::CKestException(std::u16string message, std::u16string path,
       m_inner(inner.Clone()) {}
 
 CKestException::CKestException(CKestException const& other)
-    : m_message(other.m_message),
-      m_path(other.m_path),
-      m_inner(other.m_inner ? other.m_inner->Clone() : nullptr) {}
+    : m_message(other.m_message), m_path(other.m_path), m_inner(other.m_inner) {}
 
 CKestException& CKestException::operator=(CKestException const& other) {
   if (this == &other) return *this;
-  std::unique_ptr<CKestException> inner(other.m_inner ? other.m_inner->Clone() : nullptr);
-  if (m_inner) m_replacedInners.push_back(std::move(m_inner));
+  if (m_inner.Get()) m_replacedInners.push_back(m_inner);
   m_message = other.m_message;
-  m_inner = std::move(inner);
+  m_inner = other.m_inner;
   return *this;
 }
 
-// Chains grow with the depth of a document, so they are taken apart in a loop.
-CKestException::~CKestException() {
-  for (auto link = std::move(m_inner); link;) link = std::move(link->m_inner);
-}
+CKestException::~CKestException() = default;
 
 std::u16string CKestException::GetFullMessage() const {
   std::u16string text = m_message;
-  for (auto const* link = m_inner.get(); link; link = link->m_inner.get()) {
+  for (auto const* link = m_inner.Get(); link; link = link->m_inner.Get()) {
     text.append(u"\n").append(link->m_message);
   }
   return text;

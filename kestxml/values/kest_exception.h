@@ -2,8 +2,8 @@
 #pragma once
 
 #include <iosfwd>
-#include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "kestxml/platform/api.h"
@@ -37,17 +37,37 @@ class KESTXML_API CKestException {
   /// The messages of the whole chain, outermost first, a line feed between two.
   std::u16string GetFullMessage() const;
   /// The failure behind this one, owned by this object; null when there is none.
-  CKestException const* GetInnerException() const { return m_inner.get(); }
+  CKestException const* GetInnerException() const { return m_inner.Get(); }
 
  protected:
   /// A new object of the same dynamic type, owned by the caller.
   virtual CKestException* Clone() const;
 
  private:
+  // A counted failure behind another. It is immutable, so copies of a chain share it: cloning each
+  // chain link by link would take quadratic time where every level of a document adds one.
+  class Inner {
+   public:
+    Inner() = default;
+    explicit Inner(CKestException* owned);
+    Inner(Inner const& other);
+    Inner(Inner&& other) noexcept : m_link(std::exchange(other.m_link, nullptr)) {}
+    Inner& operator=(Inner other) noexcept {
+      std::swap(m_link, other.m_link);
+      return *this;
+    }
+    ~Inner();
+    CKestException const* Get() const;
+
+   private:
+    struct Link;
+    Link* m_link = nullptr;
+  };
+
   std::u16string m_message;
   std::u16string m_path;
-  std::unique_ptr<CKestException> m_inner;
-  std::vector<std::unique_ptr<CKestException>> m_replacedInners;  // copies need none of them
+  Inner m_inner;
+  std::vector<Inner> m_replacedInners;  // copies need none of them
 };
 
 /// A document or an object that does not satisfy the structure that its schema asks for.

@@ -153,8 +153,8 @@ XmlName const* CExpatReader::InternName(XML_Char const* name) {
       return Intern(m_none, name);
     }
     m_latest.uri = m_tree.InternUri(name, units);
-    m_latest.spell = m_latest.uri->text.find(u'|') == std::u16string_view::npos ? nullptr
-                                                                                : CutAtFirstBar;
+    m_latest.spell =
+        m_latest.uri->text.find(u'|') == std::u16string_view::npos ? nullptr : CutAtFirstBar;
   }
   return Intern(m_latest, name + m_latest.uri->text.size() + 1);
 }
@@ -168,8 +168,8 @@ XmlName const* CExpatReader::Intern(Namespace const& ns, XML_Char const* localNa
 void CExpatReader::OnStartElement(XML_Char const* name, XML_Char const** attributes) {
   m_attributes.clear();
   for (; *attributes; attributes += 2) {
-    m_attributes.push_back({InternName(attributes[0]),
-                            attributes[1], static_cast<std::uint32_t>(Length(attributes[1]))});
+    m_attributes.push_back({InternName(attributes[0]), attributes[1],
+                            static_cast<std::uint32_t>(Length(attributes[1]))});
   }
   m_tree.AddElement(InternName(name), m_attributes);
 }

@@ -8,9 +8,9 @@
 
 namespace KestXmlLib20::internal {
 
-/// Chains entries that live elsewhere. An Entry has `std::uint64_t hash` and `Entry* next`. Those of
-/// one bucket are chained with the latest first, so that the entries behind a mark can be taken off
-/// the front.
+/// Chains entries that live elsewhere. An Entry has `std::uint64_t hash` and `Entry* next`. Those
+/// of one bucket are chained with the latest first, so that the entries behind a mark can be taken
+/// off the front.
 template <typename Entry>
 class LifoHashTable {
  public:

@@ -111,8 +111,7 @@ XmlName const* NameTable::Add(XmlUri const* uri, void const* localName, std::siz
   XmlName name{uri->text, local, owner};
   if (spell) {
     Spelling const spelling = spell(uri->text, local);
-    name.namespaceURI =
-        InternUri(spelling.namespaceURI.data(), spelling.namespaceURI.size())->text;
+    name.namespaceURI = InternUri(spelling.namespaceURI.data(), spelling.namespaceURI.size())->text;
     name.localName = Store(spelling.localName.data(), spelling.localName.size());
   }
   auto* const entry = new (Allocate(sizeof(Entry))) Entry{name, uri, local, hash, nullptr};

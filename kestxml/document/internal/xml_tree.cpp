@@ -61,7 +61,8 @@ std::u16string CXmlTree::PathOfLatest() const {
 
 void CXmlTree::AddAlias(std::u16string prefix, std::u16string uri) {
   if (ExceedsLimit(++m_declarationCount, m_limits.GetMaxNamespaceDeclarations())) {
-    CSerializationLimits::ThrowTooManyNamespaceDeclarations(m_limits.GetMaxNamespaceDeclarations(), PathOfLatest());
+    CSerializationLimits::ThrowTooManyNamespaceDeclarations(m_limits.GetMaxNamespaceDeclarations(),
+                                                            PathOfLatest());
   }
   if (ExceedsLimit(uri.size(), m_limits.GetMaxNamespaceLength())) {
     CSerializationLimits::ThrowNamespaceTooLong(m_limits.GetMaxNamespaceLength(), PathOfLatest());
