@@ -41,18 +41,19 @@ class PatternCache {
  public:
   // Null for one that is not there.
   CompiledPattern const* Find(std::u16string_view pattern) const {
-    auto const found = m_patterns.find(pattern);
+    auto const found = m_patterns.find(KeyOf(pattern));
     return found == m_patterns.end() ? nullptr : &found->second;
   }
 
   void Keep(std::u16string_view pattern, CompiledPattern compiled) {
-    std::size_t const size = pattern.size() * sizeof(char16_t) + compiled.GetSize();
+    std::string_view const key = KeyOf(pattern);
+    std::size_t const size = key.size() + compiled.GetSize();
     if (size > kMaxBytes) return;
     if (m_patterns.size() == kMaxPatterns || m_bytes + size > kMaxBytes) {
       m_patterns.clear();
       m_bytes = 0;
     }
-    m_patterns.emplace(pattern, std::move(compiled));
+    m_patterns.emplace(key, std::move(compiled));
     m_bytes += size;
   }
 
@@ -60,10 +61,15 @@ class PatternCache {
   static constexpr std::size_t kMaxPatterns = 1024;
   static constexpr std::size_t kMaxBytes = std::size_t{1} << 20;
 
-  struct Hash : std::hash<std::u16string_view> {
+  // Bytes are compared faster than units.
+  static std::string_view KeyOf(std::u16string_view pattern) {
+    return {reinterpret_cast<char const*>(pattern.data()), pattern.size() * sizeof(char16_t)};
+  }
+
+  struct Hash : std::hash<std::string_view> {
     using is_transparent = void;
   };
-  std::unordered_map<std::u16string, CompiledPattern, Hash, std::equal_to<>> m_patterns;
+  std::unordered_map<std::string, CompiledPattern, Hash, std::equal_to<>> m_patterns;
   std::size_t m_bytes = 0;
 };
 
