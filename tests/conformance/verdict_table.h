@@ -1,0 +1,41 @@
+// Counts of a comparison with a table of verdicts by others.
+#pragma once
+
+#include <cstddef>
+#include <map>
+#include <string>
+#include <string_view>
+
+namespace KestXmlLib20 {
+
+/// Every row of the table is told to one of the four operations, and Print shows the counts. A row
+/// that differs, or that only a fault of ours makes the same, needs its reason.
+class VerdictTable {
+ public:
+  explicit VerdictTable(std::string title) : m_title(std::move(title)) {}
+
+  /// The row is not about what is checked, or about nothing that exists here.
+  void LeaveOut(std::string_view why) { ++m_leftOut[why]; }
+  void CountSame() { ++m_same; }
+  /// @param isSame whether the verdict is that of the others for all that.
+  void Explain(std::string_view reason, bool isSame);
+  /// Fails the test.
+  void FailToExplain(std::string_view row);
+
+  /// As a table of Markdown. Fails the test when no row was compared.
+  void Print() const;
+
+ private:
+  struct Explained {
+    std::size_t same = 0;
+    std::size_t different = 0;
+  };
+
+  std::string m_title;
+  std::size_t m_same = 0;
+  std::size_t m_unexplained = 0;
+  std::map<std::string_view, Explained> m_explained;
+  std::map<std::string_view, std::size_t> m_leftOut;
+};
+
+}  // namespace KestXmlLib20
