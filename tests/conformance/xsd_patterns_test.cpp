@@ -15,6 +15,7 @@
 #include "tests/conformance/test_data.h"
 #include "tests/conformance/verdict_table.h"
 #include "tests/conformance/xsd_types.h"
+#include "tests/model/row_name.h"
 
 namespace KestXmlLib20 {
 namespace {
@@ -187,8 +188,7 @@ TEST_P(XsdPatternTables, DifferOnlyForAReason) {
   table.Print();
 }
 
-INSTANTIATE_TEST_SUITE_P(Data, XsdPatternTables, testing::ValuesIn(kTables),
-                         [](auto const& test) { return test.param.name; });
+INSTANTIATE_TEST_SUITE_P(Data, XsdPatternTables, testing::ValuesIn(kTables), RowName());
 
 }  // namespace
 }  // namespace KestXmlLib20

@@ -39,10 +39,6 @@ struct FacetCase {
   char16_t const* message = kAllowed;
 };
 
-void PrintTo(FacetCase const& row, std::ostream* out) {
-  *out << row.name;
-}
-
 // clang-format off
 constexpr FacetCase kCases[] = {
     {"NotBelowMinInclusive", ItemType_i4,  u"5",   {.minInclusive = u"5"}},

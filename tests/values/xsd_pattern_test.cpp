@@ -34,10 +34,6 @@ struct PatternCase {
   std::vector<std::u16string_view> matching, other;
 };
 
-void PrintTo(PatternCase const& row, std::ostream* out) {
-  *out << row.name;
-}
-
 // clang-format off
 PatternCase const kPatterns[] = {
     {"WholeValue",          u"[a-z]+", {u"abc"}, {u"abc1", u"1abc", u""}},

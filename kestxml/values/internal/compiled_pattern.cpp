@@ -3,7 +3,9 @@
 #define PCRE2_CODE_UNIT_WIDTH 8
 #include <pcre2.h>
 
+#include <algorithm>
 #include <cstdint>
+#include <cstdlib>
 #include <new>
 #include <string>
 
@@ -84,8 +86,9 @@ bool Repair(std::string& pattern, int error, std::size_t offset) {
   return false;
 }
 
-struct FreeCompileContext {
+struct FreeContext {
   void operator()(pcre2_compile_context* context) const { pcre2_compile_context_free(context); }
+  void operator()(pcre2_general_context* context) const { pcre2_general_context_free(context); }
 };
 
 template <typename T>
@@ -107,7 +110,7 @@ std::string TextOf(int error) {
 }
 
 pcre2_code* CompileOrThrow(std::u16string_view pattern, std::u16string_view value) {
-  std::unique_ptr<pcre2_compile_context, FreeCompileContext> const context(
+  std::unique_ptr<pcre2_compile_context, FreeContext> const context(
       OrOutOfMemory(pcre2_compile_context_create(nullptr)));
   pcre2_set_newline(context.get(), PCRE2_NEWLINE_LF);  // whatever PCRE2 was built for
   std::string text = Translate(pattern);
@@ -120,6 +123,24 @@ pcre2_code* CompileOrThrow(std::u16string_view pattern, std::u16string_view valu
   // The value, and not the pattern, is what the message has always shown.
   throw CKestException(
       FormatString(u"Invalid Regular Expression: %s Error: '%S'", value, TextOf(error).c_str()));
+}
+
+// Memory for PCRE2, with the largest size noted.
+void* Allocate(std::size_t size, void* largest) {
+  auto& noted = *static_cast<std::size_t*>(largest);
+  noted = std::max(noted, size);
+  return std::malloc(size);
+}
+
+void Release(void* block, void* /*largest*/) {
+  std::free(block);
+}
+
+// Of the groups that a pattern captures nothing is asked for: one pair is the whole match.
+pcre2_match_data* MakeMatchData(std::size_t& largestBlock) {
+  std::unique_ptr<pcre2_general_context, FreeContext> const allocator(
+      OrOutOfMemory(pcre2_general_context_create(Allocate, Release, &largestBlock)));
+  return OrOutOfMemory(pcre2_match_data_create(1, allocator.get()));
 }
 
 }  // namespace
@@ -136,10 +157,9 @@ void CompiledPattern::Free::operator()(pcre2_code* code) const {
   pcre2_code_free(code);
 }
 
-// Of the groups that a pattern captures nothing is asked for: one pair is the whole match.
 MatchWorkspace::MatchWorkspace()
     : m_context(OrOutOfMemory(pcre2_match_context_create(nullptr))),
-      m_data(OrOutOfMemory(pcre2_match_data_create(1, nullptr))) {
+      m_data(MakeMatchData(m_largestBlock)) {
   pcre2_set_match_limit(m_context.get(), kStepLimit);
   pcre2_set_heap_limit(m_context.get(), kMemoryLimitKiB);
 }

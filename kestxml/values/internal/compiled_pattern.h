@@ -17,6 +17,11 @@ namespace KestXmlLib20::internal {
 class MatchWorkspace {
  public:
   MatchWorkspace();
+  MatchWorkspace(MatchWorkspace const&) = delete;
+  MatchWorkspace& operator=(MatchWorkspace const&) = delete;
+
+  /// The size in bytes of the largest block of memory that it has taken.
+  std::size_t GetLargestBlock() const { return m_largestBlock; }
 
  private:
   friend class CompiledPattern;
@@ -24,6 +29,7 @@ class MatchWorkspace {
     void operator()(pcre2_real_match_data_8* data) const;
     void operator()(pcre2_real_match_context_8* context) const;
   };
+  std::size_t m_largestBlock = 0;
   std::unique_ptr<pcre2_real_match_context_8, Free> m_context;
   std::unique_ptr<pcre2_real_match_data_8, Free> m_data;
 };

@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <unordered_map>
 #include <utility>
@@ -28,7 +29,6 @@ class Subject {
   Subject& operator=(Subject const&) = delete;
 
   std::string_view GetBytes() const { return m_bytes; }
-  bool IsLong() const { return m_long != nullptr; }
 
  private:
   char m_short[1024];
@@ -76,7 +76,7 @@ class PatternCache {
 // What each thread keeps between matches.
 struct ThreadState {
   PatternCache patterns;
-  MatchWorkspace workspace;
+  std::optional<MatchWorkspace> workspace;
 };
 
 // Null when the thread's objects have ended: static ones may still write themselves out.
@@ -90,11 +90,15 @@ ThreadState* StateOfThisThread() {
   return &holder;
 }
 
-// The memory that a long value takes is given back.
-bool Matches(CompiledPattern const& pattern, Subject const& subject, ThreadState* state) {
-  if (state && !subject.IsLong()) return pattern.Matches(subject.GetBytes(), state->workspace);
-  MatchWorkspace workspace;
-  return pattern.Matches(subject.GetBytes(), workspace);
+// A match that took much memory gives it back.
+bool Matches(CompiledPattern const& pattern, std::string_view subject, ThreadState* state) {
+  constexpr std::size_t kKeptBlock = std::size_t{1} << 20;
+  std::optional<MatchWorkspace> own;
+  std::optional<MatchWorkspace>& workspace = state ? state->workspace : own;
+  if (!workspace) workspace.emplace();
+  bool const matches = pattern.Matches(subject, *workspace);
+  if (workspace->GetLargestBlock() > kKeptBlock) workspace.reset();
+  return matches;
 }
 
 }  // namespace
@@ -103,9 +107,9 @@ bool MatchXsdPattern(std::u16string_view pattern, std::u16string_view value) {
   Subject const subject(value);
   ThreadState* const state = StateOfThisThread();
   CompiledPattern const* const kept = state ? state->patterns.Find(pattern) : nullptr;
-  if (kept) return Matches(*kept, subject, state);
+  if (kept) return Matches(*kept, subject.GetBytes(), state);
   CompiledPattern compiled(pattern, value);
-  bool const matches = Matches(compiled, subject, state);
+  bool const matches = Matches(compiled, subject.GetBytes(), state);
   if (state) state->patterns.Keep(pattern, std::move(compiled));
   return matches;
 }
