@@ -3,6 +3,8 @@
 
 #include "kestxml/binding/attribute.h"
 #include "kestxml/binding/attribute_col.h"
+#include "kestxml/binding/element.h"
+#include "kestxml/binding/element_col.h"
 #include "kestxml/binding/event_sink.h"
 #include "kestxml/binding/register.h"
 #include "kestxml/binding/serialization_context.h"

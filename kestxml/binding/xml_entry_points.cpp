@@ -1,6 +1,7 @@
 // The To... and From... operations for XML: each puts a stream or a load in front of the object's
 // own ToXml_Int or FromXml_Int. The version is checked before the work and again before its result
 // is handed back.
+#include "kestxml/binding/element.h"
 #include "kestxml/binding/internal/text_view.h"
 #include "kestxml/binding/internal/version_guard.h"
 #include "kestxml/binding/serialization_context.h"
@@ -19,6 +20,14 @@
 namespace KestXmlLib20 {
 
 using internal::CheckVersion, internal::TextOf;
+
+namespace {
+
+void RequireElement(void const* element) {
+  if (!element) throw CKestException(u"Invalid or empty XML document");
+}
+
+}  // namespace
 
 void CXmlObjectBase::WriteXml(CTextStream& stream, bool includeDocHeader, bool prettyPrint,
                               EOLType eol, CSerializationContext const& context) const {
@@ -114,10 +123,20 @@ void CXmlObjectBase::FromXmlStream(unsigned char const* data, std::uint32_t leng
   ReadXml(context, [=](CXmlDocument& document) { document.LoadXmlStream(data, length); });
 }
 
+void CXmlObjectBase::FromXmlElement(CElement const* element, CSerializationContext const& context) {
+  CheckVersion();
+  RequireElement(element);
+  // Writing changes nothing, though the interface does not declare it const.
+  std::u16string const text = const_cast<CElement*>(element)->ToXml(
+      false, false, EOLType_LF, CSerializationContext::GetDefaultContext());
+  FromXml(text.c_str(), context);
+  CheckVersion();
+}
+
 void CXmlObjectBase::FromXmlElement(CXmlElement const* element,
                                     CSerializationContext const& context) {
   CheckVersion();
-  if (!element) throw CKestException(u"Invalid or empty XML document");
+  RequireElement(element);
   FromXml_Int(const_cast<CXmlElement*>(element), element->GetFirstElement(), context, false);
   CheckVersion();
 }

@@ -14,6 +14,7 @@
 namespace KestXmlLib20 {
 
 class CBinaryData;
+class CElement;
 class CSerializationContext;
 class CTextStream;
 class CXmlCollectionBase;
@@ -87,6 +88,9 @@ class KESTXML_API CXmlObjectBase : public IEventSink {
   virtual void FromXmlStream(CBinaryData const& data, CSerializationContext const& context);
   virtual void FromXmlStream(unsigned char const* data, std::uint32_t length,
                              CSerializationContext const& context);
+  /// Reads open content by way of its XML, which is written with the default context whatever
+  /// @p context says.
+  virtual void FromXmlElement(CElement const* element, CSerializationContext const& context);
   /// Reads an element of the caller's document, which is not changed.
   virtual void FromXmlElement(CXmlElement const* element, CSerializationContext const& context);
 

@@ -45,8 +45,9 @@ class KESTXML_API CConversions {
   static std::uint64_t ui8FromString(std::u16string_view text, Rule rule);
 
   /// "NaN", "INF", "-INF", or up to 7 significant digits (r8: 16) without trailing zeros, with an
-  /// exponent below 1e-4 and where there are more digits before the point than that. A @p format that is not empty is that of FormatString with one conversion of a
-  /// double, such as u"%.2f"; its text is cut at 31 units (r8: 47).
+  /// exponent below 1e-4 and where there are more digits before the point than that. A @p format
+  /// that is not empty is that of FormatString with one conversion of a double, such as u"%.2f";
+  /// its text is cut at 31 units (r8: 47).
   static std::u16string r4ToString(float value, std::u16string_view format = {});
   static std::u16string r8ToString(double value, std::u16string_view format = {});
   /// Reads decimal forms, with an exponent or not, and exactly "NaN", "1.#QNAN", "-NAN", "INF" and

@@ -131,7 +131,7 @@ TEST(FromXmlFails, WithTheMessageOfItsLoad) {
       {"NullName", [](Node& to) { to.FromXmlFile(nullptr, kContext); }, u"Failed to open the file [] Error [0x00000002]"},
       {"EmptyText",   [](Node& to) { to.FromXml(u"", kContext); },                 u"no element found at line 1"},
       {"EmptyData",   [](Node& to) { to.FromXmlStream(CBinaryData(), kContext); }, u"XML Stream is empty!"},
-      {"NullElement", [](Node& to) { to.FromXmlElement(nullptr, kContext); },      u"Invalid or empty XML document"},
+      {"NullElement", [](Node& to) { to.FromXmlElement(static_cast<CXmlElement*>(nullptr), kContext); }, u"Invalid or empty XML document"},
   };
   // clang-format on
   for (auto const& row : rows) {
