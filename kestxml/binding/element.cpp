@@ -38,8 +38,9 @@ void RequireValue(char16_t const* text, char16_t const* message) {
   if (!text) throw CKestInvalidNamespaceException(message, u"");
 }
 
-// Calls visit(element, depth) for each element below @p root, in document order; its children have
-// the depth 1. A loop, since programs can make trees of any depth.
+// Calls visit(element, depth) for each of @p children, whose depth is 1, and each element in them,
+// in document order; visit gives the children of the element, or null. A loop, since programs can
+// make trees of any depth.
 template <typename Visit>
 void ForEachDescendant(CElementCol const* children, Visit visit) {
   using Position = CKestIterator<CElement>;
@@ -96,6 +97,8 @@ void CElement::Init(char16_t const* name, char16_t const* ns, char16_t const* re
   m_namespace = ViewOf(ns);
   m_namespaceRestriction = restriction;
   m_targetNamespace = targetNamespace;
+  m_attributes = nullptr;
+  m_childElements = nullptr;
 }
 
 void CElement::SetName(char16_t const* name) {

@@ -18,7 +18,8 @@ namespace KestXmlLib20 {
 /// and CollectionChange, the first two without an index. The destructor removes, too; what a
 /// listener throws then is dropped.
 ///
-/// Access by index is quick near both ends, and near the item that was last accessed so.
+/// Access by index is quick near both ends, and near the item that was last accessed so: the
+/// collection notes that place, so that even two readers must not be two threads.
 class KESTXML_API CXmlCollection : public CXmlCollectionBase {
  public:
   std::int32_t GetCount() const override { return m_count; }

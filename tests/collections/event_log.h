@@ -9,6 +9,8 @@
 
 namespace KestXmlLib20 {
 
+using Events = std::vector<std::string>;
+
 /// Notes each event as a line: its kind, "+" before and "+!" after an addition, "-" and "-!" for a
 /// removal, "~" for a change; then the index where one is given.
 class EventLog : public IEventSink {
@@ -28,7 +30,7 @@ class EventLog : public IEventSink {
     sender = sender_;
   }
 
-  std::vector<std::string> events;
+  Events events;
   std::vector<void*> items;  ///< the data of additions and changes
   CXmlObjectBase* sender = nullptr;
 };

@@ -19,17 +19,17 @@
 namespace KestXmlLib20 {
 namespace {
 
-using Events = std::vector<std::string>;
-
 static_assert(std::forward_iterator<CKestIterator<CLine>>);
 
 class Lines : public testing::Test {
  protected:
-  static CSmartPtr<CLineCol> Make(std::u16string_view texts) {
-    CSmartPtr<CLineCol> lines(new CLineCol(u"Line", u"urn:order", 0, -1));
+  void Make(std::u16string_view texts) {
+    lines = new CLineCol(u"Line", u"urn:order", 0, -1);
     for (char16_t const text : texts) lines->Add(new CLine({text}));
-    return lines;
+    log = {};
+    lines->AddEventListener(&log);
   }
+  void SetUp() override { Make(u"abc"); }
 
   std::u16string Texts() const {
     std::u16string texts;
@@ -38,87 +38,78 @@ class Lines : public testing::Test {
     return texts;
   }
 
-  CSmartPtr<CLineCol> lines = Make(u"abc");
+  EventLog log;
+  CSmartPtr<CLineCol> lines;
 };
+
+using Operation = std::function<void()>;
 
 TEST_F(Lines, GoWhereTheyAreAdded) {
   auto const x = [] { return new CLine(u"x"); };
+  auto const at = [&](std::int32_t index) { return lines->Item(index).Get(); };
+  // clang-format off
   struct {
-    char const* name;
-    std::function<void()> add;
-    char16_t const* texts;
-  } const cases[] = {
-      {"behind all", [&] { lines->Add(x()); }, u"abcx"},
-      {"in front of all", [&] { lines->AddFirst(x()); }, u"xabc"},
-      {"after the first", [&] { lines->AddAfter(lines->Item(0).Get(), x()); }, u"axbc"},
-      {"after the last", [&] { lines->AddAfter(lines->Item(2).Get(), x()); }, u"abcx"},
-      {"after null is in front", [&] { lines->AddAfter(nullptr, x()); }, u"xabc"},
-      {"before the first", [&] { lines->AddBefore(lines->Item(0).Get(), x()); }, u"xabc"},
-      {"before the last", [&] { lines->AddBefore(lines->Item(2).Get(), x()); }, u"abxc"},
-      {"before null is behind", [&] { lines->AddBefore(nullptr, x()); }, u"abcx"},
-      {"at the front", [&] { lines->AddAt(0, x()); }, u"xabc"},
-      {"at 2", [&] { lines->AddAt(2, x()); }, u"abxc"},
-      {"at the count", [&] { lines->AddAt(3, x()); }, u"abcx"},
+    char const* name; Operation add; char16_t const* texts;
+  } const rows[] = {
+      {"Append",      [&] { lines->Add(x()); },              u"abcx"},
+      {"Prepend",     [&] { lines->AddFirst(x()); },         u"xabc"},
+      {"AfterFirst",  [&] { lines->AddAfter(at(0), x()); },  u"axbc"},
+      {"AfterLast",   [&] { lines->AddAfter(at(2), x()); },  u"abcx"},
+      {"AfterNull",   [&] { lines->AddAfter(nullptr, x()); }, u"xabc"},
+      {"BeforeFirst", [&] { lines->AddBefore(at(0), x()); }, u"xabc"},
+      {"BeforeLast",  [&] { lines->AddBefore(at(2), x()); }, u"abxc"},
+      {"BeforeNull",  [&] { lines->AddBefore(nullptr, x()); }, u"abcx"},
+      {"AtFront",     [&] { lines->AddAt(0, x()); },         u"xabc"},
+      {"At2",         [&] { lines->AddAt(2, x()); },         u"abxc"},
+      {"AtCount",     [&] { lines->AddAt(3, x()); },         u"abcx"},
   };
-  for (auto const& [name, add, texts] : cases) {
+  // clang-format on
+  for (auto const& [name, add, texts] : rows) {
     SCOPED_TRACE(name);
-    lines = Make(u"abc");
-    EventLog log;
-    lines->AddEventListener(&log);
+    Make(u"abc");
     add();
     EXPECT_EQ(Texts(), texts);
     EXPECT_EQ(log.events, (Events{"+", "+!", "~"}));
-    EXPECT_EQ(log.items[0], log.items[1]);
-    EXPECT_EQ(static_cast<CLine*>(static_cast<CXmlObjectBase*>(log.items[0]))->text, u"x");
-    lines->RemoveEventListener(&log);
+    for (int const i : {0, 1}) {
+      auto* const item = static_cast<CXmlObjectBase*>(log.items[static_cast<std::size_t>(i)]);
+      EXPECT_EQ(static_cast<CLine*>(item)->text, u"x");
+    }
   }
 }
 
-TEST_F(Lines, AreRefusedWithoutAnEvent) {
-  EventLog log;
-  lines->AddEventListener(&log);
+TEST_F(Lines, AreRefused) {
   CSmartPtr<CLine> const x(new CLine(u"x"));
+  Events const none, begun{"+"};
+  // clang-format off
   struct {
-    char const* name;
-    std::function<void()> operation;
-    char16_t const* message;
-  } const cases[] = {
-      {"add below 0", [&] { lines->AddAt(-1, x.Get()); }, u"Index out of range"},
-      {"add beyond the count", [&] { lines->AddAt(4, x.Get()); }, u"Index out of range"},
-      {"add null", [&] { lines->Add(nullptr); },
-       u"The Property [Line] is mandatory, it may node be NULL"},
-      {"item below 0", [&] { lines->Item(-1); }, u"Index -1 is out of range, use 0 - 3"},
-      {"item at the count", [&] { lines->Item(3); }, u"Index 3 is out of range, use 0 - 3"},
-      {"remove at the count", [&] { lines->Remove(3); }, u"Index 3 is out of range, use 0 - 3"},
-      {"remove a stranger", [&] { lines->RemoveLine(x.Get()); },
-       u"The object was not found in the collection"},
-      {"remove null", [&] { lines->RemoveLine(nullptr); },
-       u"The object was not found in the collection"},
+    char const* name; Operation operation; Events const& events; char16_t const* message;
+  } const rows[] = {
+      {"AddBelow0",      [&] { lines->AddAt(-1, x.Get()); },    none, u"Index out of range"},
+      {"AddBeyondCount", [&] { lines->AddAt(4, x.Get()); },     none, u"Index out of range"},
+      {"AddNull",        [&] { lines->Add(nullptr); },          none, u"The Property [Line] is mandatory, it may node be NULL"},
+      {"ItemBelow0",     [&] { lines->Item(-1); },              none, u"Index -1 is out of range, use 0 - 3"},
+      {"ItemAtCount",    [&] { lines->Item(3); },               none, u"Index 3 is out of range, use 0 - 3"},
+      {"RemoveAtCount",  [&] { lines->Remove(3); },             none, u"Index 3 is out of range, use 0 - 3"},
+      {"RemoveStranger", [&] { lines->RemoveLine(x.Get()); },   none, u"The object was not found in the collection"},
+      {"RemoveNull",     [&] { lines->RemoveLine(nullptr); },   none, u"The object was not found in the collection"},
+      {"AfterStranger",  [&] { lines->AddAfter(x.Get(), new CLine); },  begun, u"The object was not found in the collection"},
+      {"BeforeStranger", [&] { lines->AddBefore(x.Get(), new CLine); }, begun, u"The object was not found in the collection"},
   };
-  for (auto const& [name, operation, message] : cases) {
+  // clang-format on
+  for (auto const& [name, operation, events, message] : rows) {
     SCOPED_TRACE(name);
+    log.events.clear();
     EXPECT_EQ(Thrown<CKestInvalidParamException>(operation), message);
+    EXPECT_EQ(Texts(), u"abc");
+    EXPECT_EQ(log.events, events);
   }
-  EXPECT_EQ(Texts(), u"abc");
-  EXPECT_EQ(log.events, Events{});
-  lines->RemoveEventListener(&log);
 }
 
-TEST_F(Lines, NextToAStrangerAreAnnouncedAndThenRefused) {
-  EventLog log;
-  lines->AddEventListener(&log);
-  CSmartPtr<CLine> const stranger(new CLine(u"?"));
-  auto* const x = new CLine(u"x");  // held by nobody: the failure must not end it
-  auto* const y = new CLine(u"y");
-  for (auto const& add : {std::function<void()>([&] { lines->AddAfter(stranger.Get(), x); }),
-                          std::function<void()>([&] { lines->AddBefore(stranger.Get(), y); })}) {
-    EXPECT_EQ(Thrown<CKestInvalidParamException>(add),
-              u"The object was not found in the collection");
-  }
-  EXPECT_EQ(Texts(), u"abc");
-  EXPECT_EQ(log.events, (Events{"+", "+"}));
-  EXPECT_EQ(x->text + y->text, u"xy");
-  lines->RemoveEventListener(&log);
+TEST_F(Lines, AreNotEndedByARefusal) {
+  auto* const heldByNobody = new CLine(u"x");
+  CSmartPtr<CLine> const stranger(new CLine);
+  EXPECT_ANY_THROW(lines->AddAfter(stranger.Get(), heldByNobody));
+  EXPECT_EQ(heldByNobody->text, u"x");
 }
 
 TEST_F(Lines, AreFoundAtTheirFirstPlace) {
@@ -131,45 +122,33 @@ TEST_F(Lines, AreFoundAtTheirFirstPlace) {
 }
 
 TEST_F(Lines, AreRemovedWithThreeEventsEach) {
-  EventLog log;
-  lines->AddEventListener(&log);
-  Events const removal{"-", "-!", "~"};
   lines->Remove(1);
   EXPECT_EQ(Texts(), u"ac");
-  EXPECT_EQ(log.events, removal);
+  EXPECT_EQ(log.events, (Events{"-", "-!", "~"}));
   lines->Clear();
   EXPECT_EQ(Texts(), u"");
   EXPECT_EQ(log.events.size(), 9u);
   lines->Clear();
   EXPECT_EQ(log.events.size(), 9u) << "an empty collection has nothing to tell";
-  lines->RemoveEventListener(&log);
 }
 
-TEST_F(Lines, TellOfTheirEndWhateverTheListenerDoes) {
+TEST_F(Lines, SurviveListenersThatCountThemAndThrowAtTheEnd) {
   struct Difficult : EventLog {
     void OnEvent(CXmlObjectBase* from, MsgType type, void* data) override {
-      CSmartPtr<CXmlObjectBase> const counted(from);
+      CSmartPtr<CXmlObjectBase> const collection(from);
+      bool const isAddition = type == MsgType_CollectionAdd;
+      CSmartPtr<CXmlObjectBase> const item(isAddition ? static_cast<CXmlObjectBase*>(data)
+                                                      : nullptr);
       EventLog::OnEvent(from, type, data);
-      throw std::runtime_error("no");
+      if (type == MsgType_CollectionRemove) throw std::runtime_error("no");
     }
-  } log;
-  CSmartPtr<CLine> const kept = lines->Item(0);
-  lines->AddEventListener(&log);
-  lines = nullptr;
-  EXPECT_EQ(log.events, (Events{"-", "-!", "~", "-", "-!", "~", "-", "-!", "~"}));
-  EXPECT_EQ(kept->text, u"a");
-}
-
-TEST_F(Lines, SurviveAListenerThatCountsThem) {
-  struct Counting : EventLog {
-    void OnEvent(CXmlObjectBase*, MsgType, void* data) override {
-      CSmartPtr<CXmlObjectBase> const counted(static_cast<CXmlObjectBase*>(data));
-    }
-  } listener;
-  lines->AddEventListener(&listener);
+  } difficult;
+  lines->AddEventListener(&difficult);
   lines->Add(new CLine(u"d"));
   EXPECT_EQ(Texts(), u"abcd");
-  lines->RemoveEventListener(&listener);
+  lines = nullptr;
+  EXPECT_EQ(difficult.events.size(), 3u + 4 * 3);
+  EXPECT_EQ(log.events, difficult.events);
 }
 
 // Reaches the protected operations of other objects, as an owner does.
@@ -215,7 +194,7 @@ TEST_F(Lines, AreWrittenInOrder) {
   CTextStream stream(XmlEncoding_None);
   CXmlTextWriter writer(stream);
   writer.SetPrettyPrint(false);
-  lines = Make(u"ab");
+  Make(u"ab");
   writer.StartElement(u"Order", u"");
   Owner::AttributesToXml_Int(lines.Get(), &writer, context);
   Owner::ToXml_Int(lines.Get(), &writer, false, u"", context, false);
@@ -227,7 +206,7 @@ TEST_F(Lines, AreWrittenInOrder) {
 
 // Whatever mix of operations, access by index gives what a plain list would.
 TEST_F(Lines, AccessByIndexFollowsChanges) {
-  lines = Make(u"");
+  Make(u"");
   std::vector<CLine*> expected;
   std::minstd_rand random(1);
   auto const below = [&](std::size_t bound) { return static_cast<std::int32_t>(random() % bound); };
@@ -263,6 +242,7 @@ TEST_F(Lines, AccessByIndexFollowsChanges) {
 // Quadratic work would take minutes.
 TEST_F(Lines, OfAMillionAreReadWalkedAndRemovedByIndex) {
   constexpr std::int32_t kCount = 1'000'000;
+  lines->RemoveEventListener(&log);
   for (std::int32_t i = lines->GetCount(); i < kCount; ++i) lines->Add();
   std::size_t length = 0;
   for (std::int32_t i = 0; i < kCount; ++i) length += lines->Item(i)->text.size();
