@@ -24,7 +24,8 @@ class BlockWriter : public CXmlTextWriter {
   }
 
   void StartElement(std::u16string_view localName, std::u16string_view uri) override {
-    if (ExceedsLimit(std::uint64_t{DepthOf(*this)} + 1, m_maxDepth)) ThrowTooDeep(m_maxDepth, {});
+    if (ExceedsLimit(std::uint64_t{DepthOf(*this)} + 1, m_maxDepth))
+      CSerializationLimits::ThrowTooDeep(m_maxDepth, {});
     CXmlTextWriter::StartElement(localName, uri);
   }
 
