@@ -56,8 +56,8 @@ class KESTXML_API CXmlObjectBase : public IEventSink {
   /// take that off. The document is made in memory first, except with AsyncToXmlFile and without
   /// compression, where the file grows as the object is walked, and is left partly written by a
   /// failure.
-  /// @throws CKestException, with the file's name and an error code, when it can't be written; for
-  /// CompressionType_ZLib, before all else; and as ToXmlStream.
+  /// @throws CKestException, with an error code and, unless the file was growing, its name, when it
+  /// can't be written; for CompressionType_ZLib, before the file is touched; and as ToXmlStream.
   virtual void ToXmlFile(char16_t const* fileName, bool includeDocHeader, bool prettyPrint,
                          XmlEncoding encoding, EOLType eol, CSerializationContext const& context,
                          CompressionType compression) const;
@@ -75,10 +75,11 @@ class KESTXML_API CXmlObjectBase : public IEventSink {
   // says so, once the document has been parsed; what was read before a failure of its own stays.
   // All of them throw CKestException "Wrong Version ..." (see Register), for input that is not
   // well-formed ("... at line ..."), empty, or beyond a limit of @p context; and what the object
-  // throws. A null pointer is an empty text or name.
+  // throws. A null pointer is an empty text or name; a null element is refused.
 
   /// Reads a file, gzip or zlib data included unless AsyncFromXmlFile is set.
-  /// @throws CKestException, with the file's name and an error code, when it can't be read.
+  /// @throws CKestException, with an error code and, unless its later blocks are at fault, the
+  /// file's name, when it can't be read.
   virtual void FromXmlFile(char16_t const* fileName, CSerializationContext const& context);
   /// Reads UTF-16 text, whatever encoding its declaration names.
   virtual void FromXml(char16_t const* text, CSerializationContext const& context);
@@ -195,8 +196,9 @@ class KESTXML_API CXmlObjectBase : public IEventSink {
 
   /// Whether @p ns satisfies a wildcard: @p restriction is "##any", "##other" (not @p target),
   /// "##local" (empty), "##targetNamespace", or a URI, which admits itself and an empty @p ns.
-  /// Of a list with blanks only the first token counts, though an empty @p ns, or one equal to the
-  /// whole list, still passes; any other result is false.
+  /// Of a list with blanks only the first token is looked at, and a URI there must equal the whole
+  /// list. When that token does not admit @p ns, an empty @p ns or one equal to the whole list
+  /// still passes, and the test fails for any other: no further token could ever admit it.
   static bool IsNamespaceValid(char16_t const* ns, char16_t const* restriction,
                                char16_t const* target);
   /// @throws CKestInvalidNamespaceException, with an empty path, unless IsNamespaceValid.

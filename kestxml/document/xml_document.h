@@ -55,8 +55,9 @@ class KESTXML_API CXmlDocument : public CInstanceMonitor {
   // A null pointer counts as an empty name, text or block.
 
   /// Loads a file, gzip or zlib data included unless it is read in blocks.
-  /// @throws CKestException for a file that can't be read (with the file's name and an error
-  /// code), for text that is not well-formed ("... at line ..."), and beyond a limit.
+  /// @throws CKestException for a file that can't be read (with an error code and, unless it is at
+  /// a later block, the file's name), for text that is not well-formed ("... at line ..."), and
+  /// beyond a limit.
   void Load(char16_t const* fileName);
   /// Loads text in the encoding that its byte order mark or declaration names, UTF-8 without.
   void LoadXml(char const* text);
