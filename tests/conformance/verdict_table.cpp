@@ -22,9 +22,9 @@ void VerdictTable::Print() const {
   EXPECT_GT(compared, 0U) << m_title;
 
   std::cout << '\n'
-            << m_title << ": " << compared << " rows compared, " << m_unexplained
-            << " different without a reason\n\n| reason | different | the same by chance |\n"
-            << "| --- | --- | --- |\n| none needed | 0 | " << m_same << " |\n";
+            << m_title << ": " << compared << " rows compared, " << m_same << " the same, "
+            << m_unexplained << " different without a reason\n\n"
+            << "| reason | different | the same by chance |\n| --- | --- | --- |\n";
   for (auto const& [reason, rows] : m_explained)
     std::cout << "| " << reason << " | " << rows.different << " | " << rows.same << " |\n";
   for (auto const& [why, rows] : m_leftOut)
