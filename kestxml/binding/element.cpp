@@ -198,7 +198,7 @@ CSmartPtr<CElement> CElement::Clone() const {
 void CElement::FromXml(char16_t const* text) {
   CSerializationContext const& context = CSerializationContext::GetDefaultContext();
   CXmlDocument document(context);
-  document.LoadXml(text);
+  document.LoadXml(internal::TextOf(text));
   CXmlElement* const root = document.GetDocumentElement();
   FromXml_Int(root, root, context, false);
 }
