@@ -1,8 +1,5 @@
 #include "kestxml/binding/internal/namespace_restriction.h"
 
-#include <string_view>
-
-#include "kestxml/binding/internal/text_view.h"
 #include "kestxml/values/format_string.h"
 #include "kestxml/values/kest_exception.h"
 
@@ -23,21 +20,22 @@ struct Wildcard {
 
 }  // namespace
 
-bool IsNamespaceValid(char16_t const* ns, char16_t const* restriction, char16_t const* target) {
-  Wildcard const wildcard{ViewOf(restriction), ViewOf(target)};
-  std::u16string_view const name = ViewOf(ns);
-  auto const blank = wildcard.restriction.find(u' ');
-  if (wildcard.Admits(wildcard.restriction.substr(0, blank), name)) return true;
+bool IsNamespaceValid(std::u16string_view ns, std::u16string_view restriction,
+                      std::u16string_view target) {
+  Wildcard const wildcard{restriction, target};
+  auto const blank = restriction.find(u' ');
+  if (wildcard.Admits(restriction.substr(0, blank), ns)) return true;
   // Behind the first token only a blank is left, so each further token would be empty.
-  return blank != std::u16string_view::npos && wildcard.Admits({}, name);
+  return blank != std::u16string_view::npos && wildcard.Admits({}, ns);
 }
 
-void TestNamespace(char16_t const* ns, char16_t const* restriction, char16_t const* target) {
+void TestNamespace(std::u16string_view ns, std::u16string_view restriction,
+                   std::u16string_view target) {
   if (IsNamespaceValid(ns, restriction, target)) return;
   throw CKestInvalidNamespaceException(
       FormatString(u"Invalid namespace [%s]. The namespace must be one of [%s] where the target "
                    u"namespace is [%s].",
-                   ViewOf(ns), ViewOf(restriction), ViewOf(target)),
+                   ns, restriction, target),
       u"");
 }
 

@@ -1,6 +1,8 @@
 // The test of a namespace against the namespace restriction of a schema wildcard.
 #pragma once
 
+#include <string_view>
+
 namespace KestXmlLib20::internal {
 
 /// Whether @p ns satisfies @p restriction: "##any", "##other" (not @p target), "##local" (empty),
@@ -10,10 +12,11 @@ namespace KestXmlLib20::internal {
 /// looked at, and @p ns then still passes when it is empty or equal to the whole list. Generated
 /// code gives lists only in a form that a first token decides. No other namespace can pass, and
 /// further turns over the list can't change that, so the result is then false.
-/// A null pointer counts as an empty text.
-bool IsNamespaceValid(char16_t const* ns, char16_t const* restriction, char16_t const* target);
+bool IsNamespaceValid(std::u16string_view ns, std::u16string_view restriction,
+                      std::u16string_view target);
 
 /// @throws CKestInvalidNamespaceException, with an empty path, unless IsNamespaceValid.
-void TestNamespace(char16_t const* ns, char16_t const* restriction, char16_t const* target);
+void TestNamespace(std::u16string_view ns, std::u16string_view restriction,
+                   std::u16string_view target);
 
 }  // namespace KestXmlLib20::internal
