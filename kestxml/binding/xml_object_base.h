@@ -11,6 +11,11 @@
 #include "kestxml/platform/api.h"
 #include "kestxml/values/compression_type.h"
 
+namespace KestXmlLib20Data {
+class CAttributeInfo;
+class CElementInfo;
+}  // namespace KestXmlLib20Data
+
 namespace KestXmlLib20 {
 
 class CBinaryData;
@@ -211,6 +216,10 @@ class KESTXML_API CXmlObjectBase : public IEventSink {
                                    char16_t const* name, char16_t const* ns);
 
  private:
+  // Metadata reaches the protected operations of objects through the static ones above.
+  friend class KestXmlLib20Data::CAttributeInfo;
+  friend class KestXmlLib20Data::CElementInfo;
+
   void WriteXml(CTextStream& stream, bool includeDocHeader, bool prettyPrint, EOLType eol,
                 CSerializationContext const& context) const;
   template <typename Load>

@@ -1,0 +1,77 @@
+#include "kestxml/binding/xml_generated_class.h"
+
+#include <cstdlib>
+
+#include "kestxml/binding/metadata/attribute_info.h"
+#include "kestxml/binding/metadata/element_info_family.h"
+#include "kestxml/binding/metadata/parent_element_info.h"
+#include "kestxml/binding/nillable.h"
+#include "kestxml/collections/xml_collection_base.h"
+#include "kestxml/values/kest_variant.h"
+
+namespace KestXmlLib20 {
+
+using namespace KestXmlLib20Data;
+
+namespace {
+
+template <typename Entry>
+void CleanTable(Entry**& table) {
+  if (!table) return;
+  for (Entry** entry = table; *entry; ++entry) {
+    delete *entry;
+    *entry = nullptr;
+  }
+  std::free(static_cast<void*>(table));
+  table = nullptr;
+}
+
+template <typename... Kinds>
+bool IsOneOf(CElementInfo const& entry) {
+  return (dynamic_cast<Kinds const*>(&entry) || ...);
+}
+
+bool IsOptionalInChoice(CElementInfo const& entry) {
+  return IsOneOf<CElementInfoChoicePrimOpt, CElementInfoChoiceClsOpt, CElementInfoChoiceAbsClsOpt,
+                 CElementInfoChoiceEnumOpt, CElementInfoChoiceUntpdOpt>(entry);
+}
+
+}  // namespace
+
+// Constant-initialised: generated code may take it while static objects are still being made.
+constinit CKESTCriticalSection CXmlGeneratedClass::m_csInit;
+
+void CXmlGeneratedClass::CleanMetaData(CParentElementInfo*& classInfo, CElementInfo**& elements,
+                                       CAttributeInfo**& attributes) {
+  delete classInfo;
+  classInfo = nullptr;
+  CleanTable(elements);
+  CleanTable(attributes);
+}
+
+bool CXmlGeneratedClass::IsElementInList(CSerializationContext const& context,
+                                         CXmlElement* element) const {
+  for (CElementInfo** entry = GetClassElementInfo(); *entry; ++entry) {
+    if ((*entry)->IsThisElement(context, element)) return true;
+  }
+  return false;
+}
+
+bool CXmlGeneratedClass::DoesElementContainOptionalElements() const {
+  for (CElementInfo** entry = GetClassElementInfo(); *entry; ++entry) {
+    if (IsOptionalInChoice(**entry)) return true;
+    if (!IsOneOf<CElementInfoChoiceCol>(**entry)) continue;
+    KestVariant value;
+    ReadProperty((*entry)->GetPropertyIndex(), value);
+    auto const collection = value.GetXmlCollection();
+    if (collection && collection->GetMinOccurs() == 0) return true;
+  }
+  return false;
+}
+
+bool CXmlGeneratedClass::IsNilObject() const {
+  auto* const nillable = dynamic_cast<INillable*>(const_cast<CXmlGeneratedClass*>(this));
+  return nillable && nillable->IsNil();
+}
+
+}  // namespace KestXmlLib20
