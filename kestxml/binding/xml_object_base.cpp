@@ -78,12 +78,12 @@ void CXmlObjectBase::Throw_IfElementNameDiffers(CXmlObjectBase* value, char16_t 
 
 bool CXmlObjectBase::IsNamespaceValid(char16_t const* ns, char16_t const* restriction,
                                       char16_t const* target) {
-  return internal::IsNamespaceValid(ns, restriction, target);
+  return internal::IsNamespaceValid(ViewOf(ns), ViewOf(restriction), ViewOf(target));
 }
 
 void CXmlObjectBase::TestNamespace(char16_t const* ns, char16_t const* restriction,
                                    char16_t const* target) {
-  internal::TestNamespace(ns, restriction, target);
+  internal::TestNamespace(ViewOf(ns), ViewOf(restriction), ViewOf(target));
 }
 
 bool CXmlObjectBase::DoesElementNameMatch(CSerializationContext const& context,
