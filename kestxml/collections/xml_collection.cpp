@@ -3,7 +3,6 @@
 #include <cstdlib>
 #include <memory>
 
-#include "kestxml/values/format_string.h"
 #include "kestxml/values/kest_exception.h"
 
 namespace KestXmlLib20 {
@@ -95,17 +94,12 @@ void CXmlCollection::AddBeforeItem(CXmlObjectBase const* before, CXmlObjectBase*
 }
 
 void CXmlCollection::AddItemAt(std::int32_t index, CXmlObjectBase* item) {
-  if (index < 0 || index > m_count) throw CKestInvalidParamException(u"Index out of range");
+  TestIndexToAdd(index, m_count);
   AddItem(item, [=, this] { return WalkTo(index); });
 }
 
-// The message has the count where the last valid index is meant: programs compare it.
 CNode* CXmlCollection::GetNodeAtIndex(std::int32_t index) const {
-  std::int32_t const count = GetCount();
-  if (index < 0 || index > count - 1) {
-    throw CKestInvalidParamException(
-        FormatString(u"Index %d is out of range, use 0 - %d", index, count));
-  }
+  TestIndex(index, GetCount());
   return WalkTo(index);
 }
 

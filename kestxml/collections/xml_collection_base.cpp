@@ -62,6 +62,17 @@ std::u16string_view CXmlCollectionBase::GetTargetNamespace() const {
       u"(program logic error)");
 }
 
+// The message has the count where the last valid index is meant: programs compare it.
+void CXmlCollectionBase::TestIndex(std::int32_t index, std::int32_t count) {
+  if (index >= 0 && index < count) return;
+  throw CKestInvalidParamException(
+      FormatString(u"Index %d is out of range, use 0 - %d", index, count));
+}
+
+void CXmlCollectionBase::TestIndexToAdd(std::int32_t index, std::int32_t count) {
+  if (index < 0 || index > count) throw CKestInvalidParamException(u"Index out of range");
+}
+
 // By index, since a listener that is called may remove itself.
 template <typename Fire>
 void CXmlCollectionBase::ForEachListener(Fire fire) {

@@ -60,6 +60,11 @@ class KESTXML_API CXmlCollectionBase : public CXmlObjectBase {
   /// @throws CKestException always.
   std::u16string_view GetTargetNamespace() const override;
 
+  /// @throws CKestInvalidParamException unless @p index is from 0 to @p count - 1.
+  static void TestIndex(std::int32_t index, std::int32_t count);
+  /// @throws CKestInvalidParamException unless @p index is from 0 to @p count, which is the end.
+  static void TestIndexToAdd(std::int32_t index, std::int32_t count);
+
   bool HasEventListeners() const { return !m_eventListeners.empty(); }
 
   // Each tells every listener, in the order in which they were added; see IEventSink::MsgType.
