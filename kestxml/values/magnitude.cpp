@@ -1,0 +1,26 @@
+#include "kestxml/values/magnitude.h"
+
+#include <algorithm>
+
+namespace KestXmlLib20::internal {
+
+bool Magnitude::operator==(Magnitude const& other) const {
+  return std::equal(Data(), Data() + m_size, other.Data(), other.Data() + other.m_size);
+}
+
+void Magnitude::Grow(std::size_t size) {
+  auto limbs = std::make_unique_for_overwrite<Limb[]>(size);
+  std::copy_n(Data(), m_size, limbs.get());
+  Release();
+  m_outside = limbs.release();
+  m_capacity = static_cast<std::uint32_t>(size);
+}
+
+// What has become short, or was a constant, moves inside.
+void Magnitude::CopyOutside(Magnitude const& other) {
+  m_size = 0;
+  Resize(other.m_size);
+  std::copy_n(other.Data(), other.m_size, Data());
+}
+
+}  // namespace KestXmlLib20::internal
