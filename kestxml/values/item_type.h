@@ -3,10 +3,12 @@
 
 #include <cstdint>
 
+#include "kestxml/platform/api.h"
+
 namespace KestXmlLib20 {
 
 /// A kind of value. Generated code passes the numbers in its tables: they never change.
-enum ItemType : std::int32_t {
+enum KESTXML_API ItemType : std::int32_t {
   ItemType_Invalid = 0,  ///< no value
   ItemType_hexBinary = 1,
   ItemType_base64Binary = 2,

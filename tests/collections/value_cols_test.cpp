@@ -101,42 +101,40 @@ std::u16string Elements(std::u16string const& text) {
 class ValueCollection : public testing::TestWithParam<KindCase> {};
 
 TEST_P(ValueCollection, WritesWhatItReads) {
-  auto const& [name, make, itemType, read, written, facets, refusal, malformed, complaint] =
-      GetParam();
-  CSmartPtr<CXmlTypeCollection> const values = make({.format = facets.format});
-  EXPECT_EQ(Read(*values, Elements(read) + u"<w/>"), u"w");
+  KindCase const& row = GetParam();
+  CSmartPtr<CXmlTypeCollection> const values = row.make({.format = row.facets.format});
+  EXPECT_EQ(Read(*values, Elements(row.read) + u"<w/>"), u"w");
   ASSERT_EQ(values->GetCount(), 2);
   auto const [xml, kinds] = Write(*values);
-  EXPECT_EQ(xml, Elements(written));
-  EXPECT_EQ(kinds, std::vector(2, itemType));
+  EXPECT_EQ(xml, Elements(row.written));
+  EXPECT_EQ(kinds, std::vector(2, row.itemType));
 }
 
 // The addition has been announced by then; of the elements, the first is to blame.
 TEST_P(ValueCollection, ChecksWhatItReads) {
-  auto const& [name, make, itemType, read, written, facets, refusal, malformed, complaint] =
-      GetParam();
-  CSmartPtr<CXmlTypeCollection> const values = make(facets);
+  KindCase const& row = GetParam();
+  CSmartPtr<CXmlTypeCollection> const values = row.make(row.facets);
   EventLog log;
   values->AddEventListener(&log);
-  EXPECT_EQ(Thrown([&] { Read(*values, Elements(read)); }), refusal ? refusal : kNothingThrown);
-  EXPECT_EQ(values->GetCount(), refusal ? 0 : 2);
-  EXPECT_EQ(log.events, refusal ? Events({"+"}) : Events({"+", "+!", "~", "+", "+!", "~"}));
+  EXPECT_EQ(Thrown([&] { Read(*values, Elements(row.read)); }),
+            row.refusal ? row.refusal : kNothingThrown);
+  EXPECT_EQ(values->GetCount(), row.refusal ? 0 : 2);
+  EXPECT_EQ(log.events, row.refusal ? Events({"+"}) : Events({"+", "+!", "~", "+", "+!", "~"}));
 }
 
 TEST_P(ValueCollection, RefusesOtherText) {
-  auto const& [name, make, itemType, read, written, facets, refusal, malformed, complaint] =
-      GetParam();
-  if (!malformed) return;  // it takes any text
-  CSmartPtr<CXmlTypeCollection> const values = make({});
+  KindCase const& row = GetParam();
+  if (!row.malformed) return;  // it takes any text
+  CSmartPtr<CXmlTypeCollection> const values = row.make({});
   EventLog log;
   values->AddEventListener(&log);
   std::u16string message = kNothingThrown;
   try {
-    Read(*values, u"<v>" + std::u16string(malformed) + u"</v>");
+    Read(*values, u"<v>" + std::u16string(row.malformed) + u"</v>");
   } catch (CKestException const& failure) {
     message = failure.GetMessageW();
   }
-  EXPECT_EQ(message, complaint);
+  EXPECT_EQ(message, row.complaint);
   EXPECT_EQ(log.events, Events{});
 }
 
