@@ -3,7 +3,9 @@
 #include <cmath>
 #include <limits>
 
+#include "kestxml/values/big_integer.h"
 #include "kestxml/values/binary_data.h"
+#include "kestxml/values/decimal.h"
 #include "kestxml/values/format_string.h"
 #include "kestxml/values/internal/ascii.h"
 #include "kestxml/values/internal/number_text.h"
@@ -174,6 +176,26 @@ float CConversions::r4FromString(Text text, Rule rule) {
 
 double CConversions::r8FromString(Text text, Rule rule) {
   return ReadReal(text, rule, u"r8");
+}
+
+std::u16string CConversions::decimalToString(CDecimal const& value, Text format) {
+  return format.empty() ? value.ToString() : value.ToString(internal::ParseLeadingInteger(format));
+}
+
+CDecimal CConversions::decimalFromString(Text text, Rule rule) {
+  std::u16string buffer;
+  return CDecimal(CWhitespaceUtils::ApplyRule(rule, text, buffer));
+}
+
+std::u16string CConversions::integerToString(CBigInteger const& value) {
+  return value.ToString();
+}
+
+CBigInteger CConversions::integerFromString(Text text, Rule rule) {
+  std::u16string buffer;
+  CBigInteger value;
+  value.Parse(CWhitespaceUtils::ApplyRule(rule, text, buffer));
+  return value;
 }
 
 std::u16string CConversions::booleanToString(bool value) {

@@ -10,7 +10,9 @@
 
 namespace KestXmlLib20 {
 
+class CBigInteger;
 class CBinaryData;
+class CDecimal;
 
 /// A pair of functions for each primitive. xToString gives the form that is written; xFromString
 /// applies the whitespace rule and reads what then stands there. The user's locale has no say.
@@ -55,6 +57,15 @@ class KESTXML_API CConversions {
   /// becomes infinity or zero. An r4 is read as r8 and narrowed.
   static float r4FromString(std::u16string_view text, Rule rule);
   static double r8FromString(std::u16string_view text, Rule rule);
+
+  /// CDecimal::ToString. Of a @p format that is not empty, the integer at its start is the number
+  /// of places, as in u"2".
+  static std::u16string decimalToString(CDecimal const& value, std::u16string_view format = {});
+  static CDecimal decimalFromString(std::u16string_view text, Rule rule);
+
+  static std::u16string integerToString(CBigInteger const& value);
+  /// Lenient: see CBigInteger::Parse.
+  static CBigInteger integerFromString(std::u16string_view text, Rule rule);
 
   /// "true" or "false".
   static std::u16string booleanToString(bool value);

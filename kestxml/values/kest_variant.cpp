@@ -9,8 +9,10 @@
 
 #include "kestxml/binding/xml_object_base.h"
 #include "kestxml/collections/xml_collection_base.h"
+#include "kestxml/values/big_integer.h"
 #include "kestxml/values/binary_data.h"
 #include "kestxml/values/conversions.h"
+#include "kestxml/values/decimal.h"
 #include "kestxml/values/format_string.h"
 #include "kestxml/values/kest_exception.h"
 
@@ -90,6 +92,8 @@ constexpr ValueKind kKinds[] = {
     {ItemType_char,          u"char",         Write<&V::GetChar, &C::charToString>,                 Read<&C::charFromString, &V::SetChar>,                 kInside},
     {ItemType_string,        u"string",       Write<&V::GetString, &C::stringToString>,             Read<&C::stringFromString, &V::SetString>,             &kOwned<std::u16string>},
     {ItemType_boolean,       u"boolean",      Write<&V::GetBoolean, &C::booleanToString>,           Read<&C::booleanFromString, &V::SetBoolean>,           kInside},
+    {ItemType_decimal,       u"decimal",      WriteBy<&V::GetDecimal, &C::decimalToString>,         Read<&C::decimalFromString, &V::SetDecimal>,           &kOwned<CDecimal>},
+    {ItemType_integer,       u"integer",      Write<&V::GetInteger, &C::integerToString>,           Read<&C::integerFromString, &V::SetInteger>,           &kOwned<CBigInteger>},
     {ItemType_xmlObject,     nullptr,         nullptr,                                              nullptr,                                               &kCounted<CXmlObjectBase>},
     {ItemType_xmlCollection, nullptr,         nullptr,                                              nullptr,                                               &kCounted<CXmlCollectionBase>},
 };
@@ -298,6 +302,12 @@ void KestVariant::SetString(std::u16string value) {
 void KestVariant::SetBoolean(bool value) {
   SetScalar(ItemType_boolean, value);
 }
+void KestVariant::SetDecimal(CDecimal const& value) {
+  SetOwned(ItemType_decimal, value);
+}
+void KestVariant::SetInteger(CBigInteger const& value) {
+  SetOwned(ItemType_integer, value);
+}
 
 void KestVariant::SetXmlObject(CXmlObjectBase* value) {
   SetCounted(ItemType_xmlObject, value);
@@ -360,6 +370,16 @@ char16_t KestVariant::GetChar() const {
 // Not as a bool: the byte may be that of another kind.
 bool KestVariant::GetBoolean() const {
   return Load<unsigned char>() != 0;
+}
+
+CDecimal KestVariant::GetDecimal() const {
+  auto const* const value = GetOwned<CDecimal>();
+  return value ? *value : CDecimal();
+}
+
+CBigInteger KestVariant::GetInteger() const {
+  auto const* const value = GetOwned<CBigInteger>();
+  return value ? *value : CBigInteger();
 }
 
 std::u16string const& KestVariant::GetString() const {

@@ -12,7 +12,9 @@
 
 namespace KestXmlLib20 {
 
+class CBigInteger;
 class CBinaryData;
+class CDecimal;
 class CXmlCollectionBase;
 class CXmlObjectBase;
 
@@ -49,7 +51,7 @@ struct KESTXML_API KestVariant {
   std::u16string GetType() const;
 
   /// The text form of the value, that of CConversions. It does not look at nil: test IsNil first.
-  /// @param format used by r4 and r8 alone, see CConversions::r4ToString; may be null.
+  /// @param format used by r4, r8 and decimal alone, see CConversions; may be null.
   /// @throws CKestException when the kind has no text form.
   std::u16string ToString(char16_t const* format = nullptr) const;
 
@@ -78,6 +80,8 @@ struct KESTXML_API KestVariant {
   void SetChar(char16_t value);
   void SetString(std::u16string value);
   void SetBoolean(bool value);
+  void SetDecimal(CDecimal const& value);
+  void SetInteger(CBigInteger const& value);
   /// Takes a reference to @p value, which may be null.
   void SetXmlObject(CXmlObjectBase* value);
   void SetXmlCollection(CXmlCollectionBase* value);
@@ -104,6 +108,8 @@ struct KESTXML_API KestVariant {
   /// Valid until the variant changes.
   std::u16string const& GetString() const;
   bool GetBoolean() const;
+  CDecimal GetDecimal() const;
+  CBigInteger GetInteger() const;
   CSmartPtr<CXmlObjectBase> GetXmlObject() const;
   CSmartPtr<CXmlCollectionBase> GetXmlCollection() const;
 

@@ -5,8 +5,10 @@
 #include <typeinfo>
 #include <utility>
 
+#include "kestxml/values/big_integer.h"
 #include "kestxml/values/binary_data.h"
 #include "kestxml/values/conversions.h"
+#include "kestxml/values/decimal.h"
 #include "kestxml/values/format_string.h"
 #include "kestxml/values/internal/xsd_pattern.h"
 #include "kestxml/values/kest_exception.h"
@@ -136,6 +138,26 @@ struct IntegerFacets {
   }
 };
 
+// Of an integer; none for zero.
+std::size_t CountDigits(CBigInteger const& value) {
+  return value == CBigInteger() ? 0 : value.GetAbs().ToString().size();
+}
+
+// The digits of a fraction are counted as a number's, so the zeros behind the point are none.
+struct DecimalFacets {
+  template <typename OfKind>
+  static bool Allow(CDecimal const& value, Restrictions const& restrictions) {
+    if (!IsWithinBounds<OfKind::FromText>(value, restrictions)) return false;
+    std::int32_t const most = restrictions.GetTotalDigits();
+    std::int32_t const mostFraction = restrictions.GetFractionDigits();
+    if (most < 0 && mostFraction < 0) return true;
+    std::size_t const fraction = CountDigits(value.GetFractionPart());
+    std::size_t const total = CountDigits(value.GetIntegerPart()) + fraction;
+    return (most < 0 || total <= static_cast<std::size_t>(most)) &&
+           (mostFraction < 0 || fraction <= static_cast<std::size_t>(mostFraction));
+  }
+};
+
 struct BinaryFacets {
   template <typename OfKind>
   static bool Allow(CBinaryData const& value, Restrictions const& restrictions) {
@@ -200,6 +222,10 @@ std::u16string R8ToText(double value) {
   return C::r8ToString(value);
 }
 
+std::u16string DecimalToText(CDecimal const& value) {
+  return C::decimalToString(value);
+}
+
 struct KindCheck {
   ItemType type;
   void (*check)(Name name, KestVariant const& variant, Restrictions const& restrictions);
@@ -222,6 +248,8 @@ constexpr KindCheck kChecks[] = {
     {ItemType_r8,           Check<Kind<&V::GetR8,           R8ToText,        &C::r8FromString>,       BoundFacets,   AsReal>},
     {ItemType_string,       Check<Kind<&V::GetString,       &C::stringToString>,                      StringFacets,  AsText>},
     {ItemType_boolean,      CheckNothing},
+    {ItemType_decimal,      Check<Kind<&V::GetDecimal,      DecimalToText,   &C::decimalFromString>,  DecimalFacets, AsText>},
+    {ItemType_integer,      Check<Kind<&V::GetInteger,      &C::integerToString, &C::integerFromString>, IntegerFacets, AsText>},
 };
 // clang-format on
 

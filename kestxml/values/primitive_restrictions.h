@@ -56,7 +56,9 @@ class KESTXML_API CPrimitiveRestrictions {
   /// @param pattern a regular expression of XML Schema, see CheckPrimitiveRestriction.
   /// @param minInclusive as the next three, the text of a value. White space around it is of no
   ///   account. Text that is no value makes every check fail that comes to it.
-  /// @param totalDigits of an integer, the characters of its text, a minus sign among them.
+  /// @param totalDigits of an integer, the characters of its text, a minus sign among them. Of a
+  ///   decimal, the digits of its whole part, unless that is 0, and those of its fraction.
+  /// @param fractionDigits without the zeros behind the point: 0.05 has one.
   CPrimitiveRestrictions(char16_t const* pattern, std::int32_t minLength, std::int32_t maxLength,
                          char16_t const* minInclusive, char16_t const* maxInclusive,
                          char16_t const* minExclusive, char16_t const* maxExclusive,
@@ -97,8 +99,8 @@ class KESTXML_API CPrimitiveRestrictions {
 /// Checks a value against the facets of its type. It reads the value as @p type says, whatever kind
 /// @p value has: the two are to agree.
 ///
-/// Numbers are held to bounds and (integers) total digits, strings to lengths in UTF-16 units and
-/// to the pattern, binary data to lengths in bytes, booleans to nothing.
+/// Numbers are held to bounds and (integers and decimals) digits, strings to lengths in UTF-16
+/// units and to the pattern, binary data to lengths in bytes, booleans to nothing.
 ///
 /// A pattern is matched as a whole. It runs on PCRE2 after a textual translation that knows `\i`,
 /// `\c`, `\I`, `\C` and the blocks BasicLatin, Latin-1Supplement, LatinExtended-A and

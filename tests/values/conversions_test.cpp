@@ -73,6 +73,11 @@ constexpr TextCase kValues[] = {
     {"charNull",          ItemType_char, kNone, u"\0"sv, u""},
     {"stringByItsRule",   ItemType_string, W::WhitespaceRule_Replace, u" a\r\nb", u" a b"},
     {"hexBothCases",      ItemType_hexBinary, kCollapse, u" 0aFF ", u"0AFF"},
+    {"decimalCollapsed",  ItemType_decimal, kCollapse, u"\n 01.50 ", u"1.5"},
+    {"decimalNullIsTheEnd", ItemType_decimal, kNone, u"-.5\0x"sv, u"-0.5"},
+    {"integerNoRule",     ItemType_integer, kNone, u" -007 ", u"-7"},
+    {"integerTrailingTab", ItemType_integer, kNone, u"12\t", u"0"},
+    {"integerNullIsTheEnd", ItemType_integer, kNone, u"12\0.9"sv, u"12"},
     {"base64Bad",         ItemType_base64Binary, kNone, u"TW*=", u""},
 };
 
@@ -98,6 +103,10 @@ constexpr TextCase kFailures[] = {
     {"r8HalfExponent",  ItemType_r8,  kNone, u"1e+",  u"The value [1e+] can not be converted to a r8"},
     {"r8OnlyPoint",     ItemType_r8,  kNone, u".",    u"The value [.] can not be converted to a r8"},
     {"r8OtherDigits",   ItemType_r8,  kNone, u"1\u0662", u"The value [1\u0662] can not be converted to a r8"},
+    {"decimalShowsCollapsed", ItemType_decimal, kCollapse, u" 1 x ",
+     u"The string representing a Decimal, contained an invalid char at position 2 [1 x]."},
+    {"integerAsDecimal", ItemType_integer, kNone, u"12x",
+     u"The string representing a Decimal, contained an invalid char at position 2 [12x]."},
     {"booleanShowsAllItGot", ItemType_boolean, kCollapse, u" yes ",
      u"A Boolean Value read from an XML document was invalid [ yes ]. Valid values are 'true', 'false', '1', or '0'"},
     {"charEmpty",       ItemType_char, kCollapse, u" ", u"The value [] can not be a char as it is either empty of greater than 1 char long"},

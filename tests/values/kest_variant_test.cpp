@@ -2,7 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include "kestxml/values/big_integer.h"
 #include "kestxml/values/binary_data.h"
+#include "kestxml/values/decimal.h"
 #include "tests/model/bare_object.h"
 #include "tests/model/thrown.h"
 
@@ -46,6 +48,8 @@ constexpr KindCase kKinds[] = {
     {ItemType_char,    u"char",    [](KestVariant& v) { v.SetChar(u'\u20AC'); },  u"\u20AC"},
     {ItemType_string,  u"string",  [](KestVariant& v) { v.SetString(u" s "); },   u" s "},
     {ItemType_boolean, u"boolean", [](KestVariant& v) { v.SetBoolean(true); },    u"true"},
+    {ItemType_decimal, u"decimal", [](KestVariant& v) { v.SetDecimal(u"-1.05"); }, u"-1.05"},
+    {ItemType_integer, u"integer", [](KestVariant& v) { v.SetInteger(u"12345678901234567890"); }, u"12345678901234567890"},
 };
 // clang-format on
 
@@ -136,8 +140,23 @@ TEST(Variant, GettersOfWhatIsNotThereAreEmpty) {
   EXPECT_EQ(value.GetString(), u"");
   EXPECT_EQ(value.GetHexBinary().GetData(), nullptr);
   EXPECT_EQ(value.GetXmlObject(), nullptr);
+  EXPECT_EQ(value.GetDecimal(), 0);
+  EXPECT_EQ(value.GetInteger(), CBigInteger(0));
   value.SetHexBinary(Bytes());
   EXPECT_EQ(value.GetBase64Binary(), Bytes());  // both binary kinds store the same
+}
+
+TEST(Variant, DecimalsTakeANumberOfPlaces) {
+  KestVariant value;
+  value.SetDecimal(u"1.5");
+  EXPECT_EQ(value.ToString(u"2"), u"1.50");
+  EXPECT_EQ(value.ToString(u" +1 place"), u"1.5");
+  EXPECT_EQ(value.ToString(u"none"), u"2.");
+  EXPECT_EQ(value.ToString(u""), u"1.5");
+  EXPECT_EQ(Thrown<CKestInvalidParamException>([&] { value.ToString(u"99999999999"); }),
+            u"Invalid number of decimal places [2147483647]");
+  value.SetInteger(15);
+  EXPECT_EQ(value.ToString(u"2"), u"15");
 }
 
 TEST(Variant, CopiesShareBytesUntilOneEnds) {

@@ -192,6 +192,18 @@ NumberFault ParseInteger(Text text, std::uint64_t& value) {
   return Parse(text, value);
 }
 
+std::int32_t ParseLeadingInteger(Text text) {
+  Scanner scanner(text);
+  scanner.SkipSpace();
+  bool const negative = scanner.SkipSign();
+  std::int64_t magnitude = 0;
+  std::int64_t const limit = std::int64_t{INT32_MAX} + (negative ? 1 : 0);
+  for (; IsDigit(scanner.Peek()); scanner.Skip()) {
+    magnitude = std::min(magnitude * 10 + (scanner.Peek() - u'0'), limit);
+  }
+  return static_cast<std::int32_t>(negative ? -magnitude : magnitude);
+}
+
 bool ParseReal(Text text, double& value) {
   Scanner scanner(text);
   scanner.SkipSpace();

@@ -19,6 +19,10 @@ NumberFault ParseInteger(std::u16string_view text, std::int64_t& value);
 NumberFault ParseInteger(std::u16string_view text, std::uint32_t& value);
 NumberFault ParseInteger(std::u16string_view text, std::uint64_t& value);
 
+/// What a text begins with, as atoi reads it: whitespace, a sign and digits. Zero where no digit
+/// stands; the nearest where the number does not fit.
+std::int32_t ParseLeadingInteger(std::u16string_view text);
+
 /// As above with a fraction and an exponent, rounded to nearest. Too large a number gives infinity,
 /// too small a one zero, each with its sign. False where the text is malformed; words and
 /// hexadecimal forms are.
