@@ -54,6 +54,8 @@ template <> struct Kind<ItemType_ui4>          : Text<C::ui4ToString,          C
 template <> struct Kind<ItemType_ui8>          : Text<C::ui8ToString,          C::ui8FromString,          &V::SetUI8> {};
 template <> struct Kind<ItemType_r4>           : Text<C::r4ToString,           C::r4FromString,           &V::SetR4> {};
 template <> struct Kind<ItemType_r8>           : Text<C::r8ToString,           C::r8FromString,           &V::SetR8> {};
+template <> struct Kind<ItemType_decimal>      : Text<C::decimalToString,      C::decimalFromString,      &V::SetDecimal> {};
+template <> struct Kind<ItemType_integer>      : Text<C::integerToString,      C::integerFromString,      &V::SetInteger> {};
 template <> struct Kind<ItemType_string>       : Text<ItsOwnText,              C::stringFromString,       &V::SetString> {};
 template <> struct Kind<ItemType_boolean>      : Text<C::booleanToString,      C::booleanFromString,      &V::SetBoolean> {};
 // clang-format on
@@ -141,6 +143,8 @@ template class CValueCol<ItemType_ui4, std::uint32_t>;
 template class CValueCol<ItemType_ui8, std::uint64_t>;
 template class CValueCol<ItemType_r4, float>;
 template class CValueCol<ItemType_r8, double>;
+template class CValueCol<ItemType_decimal, CDecimal>;
+template class CValueCol<ItemType_integer, CBigInteger>;
 template class CValueCol<ItemType_string, std::u16string>;
 template class CValueCol<ItemType_boolean, bool>;
 

@@ -8,7 +8,9 @@
 #include "kestxml/collections/value_vector.h"
 #include "kestxml/collections/xml_type_collection.h"
 #include "kestxml/platform/api.h"
+#include "kestxml/values/big_integer.h"
 #include "kestxml/values/binary_data.h"
+#include "kestxml/values/decimal.h"
 #include "kestxml/values/instance_monitor.h"
 
 namespace KestXmlLib20 {
@@ -126,6 +128,19 @@ class KESTXML_API Cr4Col : public CValueCol<ItemType_r4, float> {
 };
 
 class KESTXML_API Cr8Col : public CValueCol<ItemType_r8, double> {
+ public:
+  using CValueCol::CValueCol;
+};
+
+/// Decimals. Facets: bounds, total digits and fraction digits. The format is that of
+/// CConversions::decimalToString, such as u"2".
+class KESTXML_API CdecimalCol : public CValueCol<ItemType_decimal, CDecimal> {
+ public:
+  using CValueCol::CValueCol;
+};
+
+/// Integers of any length. Facets: bounds and total digits.
+class KESTXML_API CintegerCol : public CValueCol<ItemType_integer, CBigInteger> {
  public:
   using CValueCol::CValueCol;
 };
