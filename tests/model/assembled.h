@@ -1,0 +1,73 @@
+// A class that a test puts together, for what no class of the model has.
+#pragma once
+
+#include <functional>
+#include <map>
+#include <string>
+#include <utility>
+
+#include "kestxml/binding/metadata/parent_element_info.h"
+#include "tests/model/model_class.h"
+
+namespace KestModel {
+
+/// Tables with an owner.
+class CDesign {
+ public:
+  CDesign(CParentElementInfo* classInfo, std::initializer_list<CElementInfo*> elements,
+          std::initializer_list<CAttributeInfo*> attributes = {})
+      : m_tables{classInfo, Table(elements), Table(attributes)} {}
+  CDesign(CDesign const&) = delete;
+  CDesign& operator=(CDesign const&) = delete;
+  ~CDesign();
+  Tables const& GetTables() const { return m_tables; }
+
+ private:
+  Tables m_tables;
+};
+
+/// Its properties are variants: unset, unless @p init says otherwise.
+class CAssembled : public CXmlGeneratedClass {
+ public:
+  using Properties = std::map<std::int32_t, KestVariant>;
+  using InitProperties = std::function<void(Properties&)>;
+
+  explicit CAssembled(CDesign const& design, InitProperties init = {})
+      : m_design(design), m_init(std::move(init)) {
+    SetElementName(design.GetTables().classInfo->GetElementName().c_str());
+    Init();
+  }
+
+  Properties properties;
+
+  using CXmlObjectBase::GetBase;
+  CXmlObjectBase* GetBase() override { return this; }
+  std::u16string_view GetNamespace() const override { return u""; }
+  void AccessProperty(std::int32_t propertyIndex, bool read, KestVariant& value) override {
+    Exchange(properties[propertyIndex], read, value);
+  }
+  CParentElementInfo* GetClassInfo() const override { return m_design.GetTables().classInfo; }
+  CElementInfo** GetClassElementInfo() const override { return m_design.GetTables().elements; }
+  CAttributeInfo** GetClassAttributeInfo() const override {
+    return m_design.GetTables().attributes;
+  }
+  void Init() override {
+    properties.clear();
+    if (m_init) m_init(properties);
+  }
+
+  using CXmlGeneratedClass::CleanMetaData;
+
+ protected:
+  std::u16string_view GetTargetNamespace() const override { return u""; }
+
+ private:
+  CDesign const& m_design;
+  InitProperties m_init;
+};
+
+inline CDesign::~CDesign() {
+  CAssembled::CleanMetaData(m_tables.classInfo, m_tables.elements, m_tables.attributes);
+}
+
+}  // namespace KestModel
