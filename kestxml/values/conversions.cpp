@@ -256,16 +256,4 @@ CBinaryData CConversions::base64BinaryFromString(Text text, Rule rule) {
   return value;
 }
 
-std::u16string CConversions::yearToString(std::uint16_t value) {
-  return PrintUnsigned(value);
-}
-
-std::u16string CConversions::monthToString(unsigned char value) {
-  return FormatString(u"--%02u", value);
-}
-
-std::u16string CConversions::dayToString(unsigned char value) {
-  return FormatString(u"---%02u", value);
-}
-
 }  // namespace KestXmlLib20

@@ -12,6 +12,8 @@ namespace KestXmlLib20 {
 
 class CBigInteger;
 class CBinaryData;
+class CDateTime;
+class CDateTimeSpan;
 class CDecimal;
 
 /// A pair of functions for each primitive. xToString gives the form that is written; xFromString
@@ -90,10 +92,28 @@ class KESTXML_API CConversions {
   /// Text that is not base64 gives no bytes, and no error.
   static CBinaryData base64BinaryFromString(std::u16string_view text, Rule rule);
 
-  /// The forms of gYear, gMonth ("--07") and gDay ("---07").
+  /// See CDateTimeSpan.
+  static std::u16string durationToString(CDateTimeSpan const& value);
+  static CDateTimeSpan durationFromString(std::u16string_view text, Rule rule);
+
+  /// The form of the value's own type, see CDateTime.
+  static std::u16string dateToString(CDateTime const& value);
+  // But for datetime and time these read any form without a time, and give a value of its type.
+  static CDateTime datetimeFromString(std::u16string_view text, Rule rule);
+  static CDateTime timeFromString(std::u16string_view text, Rule rule);
+  static CDateTime dateFromString(std::u16string_view text, Rule rule);
+  static CDateTime yearMonthFromString(std::u16string_view text, Rule rule);
+  static CDateTime monthDayFromString(std::u16string_view text, Rule rule);
+
+  /// The forms of gYear, gMonth ("--07") and gDay ("---07"); a year without zeros in front.
   static std::u16string yearToString(std::uint16_t value);
   static std::u16string monthToString(unsigned char value);
   static std::u16string dayToString(unsigned char value);
+  /// A field of any form without a time that has it; a year before Christ wraps.
+  /// @throws CKestInvalidStateException for a form that lacks the field.
+  static std::uint16_t yearFromString(std::u16string_view text, Rule rule);
+  static unsigned char monthFromString(std::u16string_view text, Rule rule);
+  static unsigned char dayFromString(std::u16string_view text, Rule rule);
 };
 
 }  // namespace KestXmlLib20

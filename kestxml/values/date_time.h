@@ -187,7 +187,7 @@ class KESTXML_API CDateTime {
 
   /// Adds years and months, then days and time, as XML Schema does (Part 2, appendix E), but a day
   /// beyond the end of the new month stays: 2000-03-31 and P1M make 2000-04-31. The result is not
-  /// tested; years wrap at 16 bits. The time does not depend on the length of the span.
+  /// tested; years wrap at 16 bits. A long span takes no more time than a short one.
   CDateTime operator+(CDateTimeSpan const& span) const;
   CDateTime& operator+=(CDateTimeSpan const& span);
   /// Goes back by the span, whatever its sign.
@@ -218,14 +218,8 @@ class KESTXML_API CDateTime {
 
   DTType m_type = dt_none;
   std::int16_t m_year = 0;
-  std::uint8_t m_month = 0;
-  std::uint8_t m_day = 0;
-  std::uint8_t m_hour = 0;
-  std::uint8_t m_minute = 0;
-  std::uint8_t m_second = 0;
-  std::uint16_t m_milliSecond = 0;
-  std::uint16_t m_microSecond = 0;
-  std::uint16_t m_nanoSecond = 0;
+  std::uint8_t m_month = 0, m_day = 0, m_hour = 0, m_minute = 0, m_second = 0;
+  std::uint16_t m_milliSecond = 0, m_microSecond = 0, m_nanoSecond = 0;
   bool m_isUtc = false;        // there is a zone
   bool m_hasTimeZone = false;  // and it is an offset
   std::int16_t m_zoneHour = 0;

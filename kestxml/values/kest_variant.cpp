@@ -1,6 +1,5 @@
 #include "kestxml/values/kest_variant.h"
 
-#include <array>
 #include <cstring>
 #include <iterator>
 #include <memory>
@@ -12,6 +11,8 @@
 #include "kestxml/values/big_integer.h"
 #include "kestxml/values/binary_data.h"
 #include "kestxml/values/conversions.h"
+#include "kestxml/values/date_time.h"
+#include "kestxml/values/date_time_span.h"
 #include "kestxml/values/decimal.h"
 #include "kestxml/values/format_string.h"
 #include "kestxml/values/kest_exception.h"
@@ -86,9 +87,15 @@ constexpr ValueKind kKinds[] = {
     {ItemType_ui8,           u"ui8",          Write<&V::GetUI8, &C::ui8ToString>,                   Read<&C::ui8FromString, &V::SetUI8>,                   kInside},
     {ItemType_r4,            u"r4",           WriteBy<&V::GetR4, &C::r4ToString>,                   Read<&C::r4FromString, &V::SetR4>,                     kInside},
     {ItemType_r8,            u"r8",           WriteBy<&V::GetR8, &C::r8ToString>,                   Read<&C::r8FromString, &V::SetR8>,                     kInside},
-    {ItemType_year,          u"year",         Write<&V::GetYear, &C::yearToString>,                 nullptr,                                               kInside},
-    {ItemType_month,         u"month",        Write<&V::GetMonth, &C::monthToString>,               nullptr,                                               kInside},
-    {ItemType_day,           u"day",          Write<&V::GetDay, &C::dayToString>,                   nullptr,                                               kInside},
+    {ItemType_duration,      u"duration",     Write<&V::GetDuration, &C::durationToString>,         Read<&C::durationFromString, &V::SetDuration>,         &kOwned<CDateTimeSpan>},
+    {ItemType_yearMonth,     u"yearMonth",    Write<&V::GetYearMonth, &C::dateToString>,            Read<&C::yearMonthFromString, &V::SetYearMonth>,       &kOwned<CDateTime>},
+    {ItemType_monthDay,      u"monthDay",     Write<&V::GetMonthDay, &C::dateToString>,             Read<&C::monthDayFromString, &V::SetMonthDay>,         &kOwned<CDateTime>},
+    {ItemType_year,          u"year",         Write<&V::GetYear, &C::yearToString>,                 Read<&C::yearFromString, &V::SetYear>,                 kInside},
+    {ItemType_month,         u"month",        Write<&V::GetMonth, &C::monthToString>,               Read<&C::monthFromString, &V::SetMonth>,               kInside},
+    {ItemType_day,           u"day",          Write<&V::GetDay, &C::dayToString>,                   Read<&C::dayFromString, &V::SetDay>,                   kInside},
+    {ItemType_date,          u"date",         Write<&V::GetDate, &C::dateToString>,                 Read<&C::dateFromString, &V::SetDate>,                 &kOwned<CDateTime>},
+    {ItemType_datetime,      u"datetime",     Write<&V::GetDateTime, &C::dateToString>,             Read<&C::datetimeFromString, &V::SetDateTime>,         &kOwned<CDateTime>},
+    {ItemType_time,          u"time",         Write<&V::GetTime, &C::dateToString>,                 Read<&C::timeFromString, &V::SetTime>,                 &kOwned<CDateTime>},
     {ItemType_char,          u"char",         Write<&V::GetChar, &C::charToString>,                 Read<&C::charFromString, &V::SetChar>,                 kInside},
     {ItemType_string,        u"string",       Write<&V::GetString, &C::stringToString>,             Read<&C::stringFromString, &V::SetString>,             &kOwned<std::u16string>},
     {ItemType_boolean,       u"boolean",      Write<&V::GetBoolean, &C::booleanToString>,           Read<&C::booleanFromString, &V::SetBoolean>,           kInside},
@@ -100,27 +107,16 @@ constexpr ValueKind kKinds[] = {
 // clang-format on
 
 constexpr bool InEnumOrder() {
-  for (std::size_t i = 1; i < std::size(kKinds); ++i) {
-    if (kKinds[i - 1].type >= kKinds[i].type) return false;
+  for (std::size_t i = 0; i < std::size(kKinds); ++i) {
+    if (kKinds[i].type != static_cast<ItemType>(i)) return false;
   }
-  return true;
+  return std::size(kKinds) == kItemTypeCount;
 }
 static_assert(InEnumOrder());
 
-using KindIndex = std::array<ValueKind const*, kItemTypeCount>;
-
-constexpr KindIndex MakeIndex() {
-  KindIndex index = {};
-  for (ValueKind const& kind : kKinds) index[static_cast<std::size_t>(kind.type)] = &kind;
-  return index;
-}
-
-// Null where a variant can't hold the kind.
-constexpr KindIndex kIndex = MakeIndex();
-
+// Null for a number that is no kind.
 ValueKind const* Find(ItemType type) {
-  bool const known = type >= 0 && type < kItemTypeCount;
-  return known ? kIndex[static_cast<std::size_t>(type)] : nullptr;
+  return type >= 0 && type < kItemTypeCount ? &kKinds[type] : nullptr;
 }
 
 Storage const* StorageOf(ItemType type) {
@@ -284,6 +280,24 @@ void KestVariant::SetR4(float value) {
 void KestVariant::SetR8(double value) {
   SetScalar(ItemType_r8, value);
 }
+void KestVariant::SetDuration(CDateTimeSpan const& value) {
+  SetOwned(ItemType_duration, value);
+}
+void KestVariant::SetYearMonth(CDateTime const& value) {
+  SetOwned(ItemType_yearMonth, value);
+}
+void KestVariant::SetMonthDay(CDateTime const& value) {
+  SetOwned(ItemType_monthDay, value);
+}
+void KestVariant::SetDate(CDateTime const& value) {
+  SetOwned(ItemType_date, value);
+}
+void KestVariant::SetDateTime(CDateTime const& value) {
+  SetOwned(ItemType_datetime, value);
+}
+void KestVariant::SetTime(CDateTime const& value) {
+  SetOwned(ItemType_time, value);
+}
 void KestVariant::SetYear(std::uint16_t value) {
   SetScalar(ItemType_year, value);
 }
@@ -323,6 +337,28 @@ CBinaryData KestVariant::GetHexBinary() const {
 
 CBinaryData KestVariant::GetBase64Binary() const {
   return GetHexBinary();
+}
+
+CDateTimeSpan KestVariant::GetDuration() const {
+  auto const* const span = GetOwned<CDateTimeSpan>();
+  return span ? *span : CDateTimeSpan();
+}
+
+CDateTime KestVariant::GetDateTime() const {
+  auto const* const date = GetOwned<CDateTime>();
+  return date ? *date : CDateTime();
+}
+CDateTime KestVariant::GetYearMonth() const {
+  return GetDateTime();
+}
+CDateTime KestVariant::GetMonthDay() const {
+  return GetDateTime();
+}
+CDateTime KestVariant::GetDate() const {
+  return GetDateTime();
+}
+CDateTime KestVariant::GetTime() const {
+  return GetDateTime();
 }
 
 signed char KestVariant::GetI1() const {

@@ -14,13 +14,15 @@ namespace KestXmlLib20 {
 
 class CBigInteger;
 class CBinaryData;
+class CDateTime;
+class CDateTimeSpan;
 class CDecimal;
 class CXmlCollectionBase;
 class CXmlObjectBase;
 
 /// A value of one of the kinds of ItemType, an explicit nil of a kind, or nothing. Scalars lie
-/// inside; strings and binary data are owned; objects are counted references. One thread at a time
-/// uses a variant; what a copy of it shares may be used by another.
+/// inside; strings, binary data, dates and spans are owned; objects are counted references. One
+/// thread at a time uses a variant; what a copy of it shares may be used by another.
 struct KESTXML_API KestVariant {
  public:
   KestVariant() = default;
@@ -74,6 +76,13 @@ struct KESTXML_API KestVariant {
   void SetUI8(std::uint64_t value);
   void SetR4(float value);
   void SetR8(double value);
+  void SetDuration(CDateTimeSpan const& value);
+  // These five take a date of any type.
+  void SetYearMonth(CDateTime const& value);
+  void SetMonthDay(CDateTime const& value);
+  void SetDate(CDateTime const& value);
+  void SetDateTime(CDateTime const& value);
+  void SetTime(CDateTime const& value);
   void SetYear(std::uint16_t value);
   void SetMonth(unsigned char value);
   void SetDay(unsigned char value);
@@ -101,6 +110,12 @@ struct KESTXML_API KestVariant {
   std::uint64_t GetUI8() const;
   float GetR4() const;
   double GetR8() const;
+  CDateTimeSpan GetDuration() const;
+  CDateTime GetYearMonth() const;
+  CDateTime GetMonthDay() const;
+  CDateTime GetDate() const;
+  CDateTime GetDateTime() const;
+  CDateTime GetTime() const;
   std::uint16_t GetYear() const;
   unsigned char GetMonth() const;
   unsigned char GetDay() const;

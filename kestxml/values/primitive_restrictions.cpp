@@ -1,6 +1,7 @@
 #include "kestxml/values/primitive_restrictions.h"
 
 #include <array>
+#include <concepts>
 #include <optional>
 #include <typeinfo>
 #include <utility>
@@ -8,6 +9,8 @@
 #include "kestxml/values/big_integer.h"
 #include "kestxml/values/binary_data.h"
 #include "kestxml/values/conversions.h"
+#include "kestxml/values/date_time.h"
+#include "kestxml/values/date_time_span.h"
 #include "kestxml/values/decimal.h"
 #include "kestxml/values/format_string.h"
 #include "kestxml/values/internal/xsd_pattern.h"
@@ -66,6 +69,30 @@ class Bound {
   std::optional<Value> m_value;
 };
 
+// Passing an exclusive bound. A NaN is neither below nor above a bound and does not pass, but what
+// can't be compared with it, as a date with a zone and one without, does.
+
+template <typename Value>
+concept PartlyOrdered = std::same_as<Value, CDateTime> || std::same_as<Value, CDateTimeSpan>;
+
+template <typename Value>
+bool IsAbove(Value const& value, Value const& bound) {
+  return value > bound;
+}
+template <PartlyOrdered Value>
+bool IsAbove(Value const& value, Value const& bound) {
+  return value != bound && !(value < bound);
+}
+
+template <typename Value>
+bool IsBelow(Value const& value, Value const& bound) {
+  return value < bound;
+}
+template <PartlyOrdered Value>
+bool IsBelow(Value const& value, Value const& bound) {
+  return value != bound && !(value > bound);
+}
+
 template <auto Parse>
 class Bounds final : public BoundValues {
  public:
@@ -75,14 +102,13 @@ class Bounds final : public BoundValues {
         m_minExclusive(restrictions.GetMinExclusive()),
         m_maxExclusive(restrictions.GetMaxExclusive()) {}
 
-  // A bound behind one that refuses the value is not looked at, so its text may be faulty. A NaN
-  // is neither below nor above anything: inclusive bounds let it pass, exclusive ones don't.
+  // A bound behind one that refuses the value is not looked at, so its text may be faulty.
   template <typename Value>
   bool Allow(Value const& value) const {
     if (auto const* bound = m_minInclusive.Get(); bound && value < *bound) return false;
     if (auto const* bound = m_maxInclusive.Get(); bound && value > *bound) return false;
-    if (auto const* bound = m_minExclusive.Get(); bound && !(value > *bound)) return false;
-    if (auto const* bound = m_maxExclusive.Get(); bound && !(value < *bound)) return false;
+    if (auto const* bound = m_minExclusive.Get(); bound && !IsAbove(value, *bound)) return false;
+    if (auto const* bound = m_maxExclusive.Get(); bound && !IsBelow(value, *bound)) return false;
     return true;
   }
 
@@ -233,23 +259,32 @@ struct KindCheck {
 
 // clang-format off
 constexpr KindCheck kChecks[] = {
-    // type                       read as              printed as                parsed as            facets         reported
-    {ItemType_hexBinary,    Check<Kind<&V::GetHexBinary,    &C::hexBinaryToString>,                   BinaryFacets,  AsText>},
-    {ItemType_base64Binary, Check<Kind<&V::GetBase64Binary, &C::base64BinaryToString>,                BinaryFacets,  AsText>},
-    {ItemType_i1,           Check<Kind<&V::GetI1,           &C::i1ToString,  &C::i1FromString>,       IntegerFacets, AsInteger>},
-    {ItemType_i2,           Check<Kind<&V::GetI2,           &C::i2ToString,  &C::i2FromString>,       IntegerFacets, AsInteger>},
-    {ItemType_i4,           Check<Kind<&V::GetI4,           &C::i4ToString,  &C::i4FromString>,       IntegerFacets, AsInteger>},
-    {ItemType_i8,           Check<Kind<&V::GetI8,           &C::i8ToString,  &C::i8FromString>,       IntegerFacets, AsText>},
-    {ItemType_ui1,          Check<Kind<&V::GetUI1,          &C::ui1ToString, &C::ui1FromString>,      IntegerFacets, AsInteger>},
-    {ItemType_ui2,          Check<Kind<&V::GetUI2,          &C::ui2ToString, &C::ui2FromString>,      IntegerFacets, AsInteger>},
-    {ItemType_ui4,          Check<Kind<&V::GetUI4,          &C::ui4ToString, &C::ui4FromString>,      IntegerFacets, AsInteger>},
-    {ItemType_ui8,          Check<Kind<&V::GetUI8,          &C::ui8ToString, &C::ui8FromString>,      IntegerFacets, AsText>},
-    {ItemType_r4,           Check<Kind<&V::GetR4,           R4ToText,        &C::r4FromString>,       BoundFacets,   AsReal>},
-    {ItemType_r8,           Check<Kind<&V::GetR8,           R8ToText,        &C::r8FromString>,       BoundFacets,   AsReal>},
-    {ItemType_string,       Check<Kind<&V::GetString,       &C::stringToString>,                      StringFacets,  AsText>},
+    // type                             read as              printed as                parsed as                  facets         reported
+    {ItemType_hexBinary,    Check<Kind<&V::GetHexBinary,    &C::hexBinaryToString>,                             BinaryFacets,  AsText>},
+    {ItemType_base64Binary, Check<Kind<&V::GetBase64Binary, &C::base64BinaryToString>,                          BinaryFacets,  AsText>},
+    {ItemType_i1,           Check<Kind<&V::GetI1,           &C::i1ToString,           &C::i1FromString>,        IntegerFacets, AsInteger>},
+    {ItemType_i2,           Check<Kind<&V::GetI2,           &C::i2ToString,           &C::i2FromString>,        IntegerFacets, AsInteger>},
+    {ItemType_i4,           Check<Kind<&V::GetI4,           &C::i4ToString,           &C::i4FromString>,        IntegerFacets, AsInteger>},
+    {ItemType_i8,           Check<Kind<&V::GetI8,           &C::i8ToString,           &C::i8FromString>,        IntegerFacets, AsText>},
+    {ItemType_ui1,          Check<Kind<&V::GetUI1,          &C::ui1ToString,          &C::ui1FromString>,       IntegerFacets, AsInteger>},
+    {ItemType_ui2,          Check<Kind<&V::GetUI2,          &C::ui2ToString,          &C::ui2FromString>,       IntegerFacets, AsInteger>},
+    {ItemType_ui4,          Check<Kind<&V::GetUI4,          &C::ui4ToString,          &C::ui4FromString>,       IntegerFacets, AsInteger>},
+    {ItemType_ui8,          Check<Kind<&V::GetUI8,          &C::ui8ToString,          &C::ui8FromString>,       IntegerFacets, AsText>},
+    {ItemType_r4,           Check<Kind<&V::GetR4,           R4ToText,                 &C::r4FromString>,        BoundFacets,   AsReal>},
+    {ItemType_r8,           Check<Kind<&V::GetR8,           R8ToText,                 &C::r8FromString>,        BoundFacets,   AsReal>},
+    {ItemType_duration,     Check<Kind<&V::GetDuration,     &C::durationToString,     &C::durationFromString>,  BoundFacets,   AsText>},
+    {ItemType_yearMonth,    Check<Kind<&V::GetYearMonth,    &C::dateToString,         &C::yearMonthFromString>, BoundFacets,   AsText>},
+    {ItemType_monthDay,     Check<Kind<&V::GetMonthDay,     &C::dateToString,         &C::monthDayFromString>,  BoundFacets,   AsText>},
+    {ItemType_year,         Check<Kind<&V::GetYear,         &C::yearToString,         &C::yearFromString>,      BoundFacets,   AsInteger>},
+    {ItemType_month,        Check<Kind<&V::GetMonth,        &C::monthToString,        &C::monthFromString>,     BoundFacets,   AsInteger>},
+    {ItemType_day,          Check<Kind<&V::GetDay,          &C::dayToString,          &C::dayFromString>,       BoundFacets,   AsInteger>},
+    {ItemType_date,         Check<Kind<&V::GetDate,         &C::dateToString,         &C::dateFromString>,      BoundFacets,   AsText>},
+    {ItemType_datetime,     Check<Kind<&V::GetDateTime,     &C::dateToString,         &C::datetimeFromString>,  BoundFacets,   AsText>},
+    {ItemType_time,         Check<Kind<&V::GetTime,         &C::dateToString,         &C::timeFromString>,      BoundFacets,   AsText>},
+    {ItemType_string,       Check<Kind<&V::GetString,       &C::stringToString>,                                StringFacets,  AsText>},
     {ItemType_boolean,      CheckNothing},
-    {ItemType_decimal,      Check<Kind<&V::GetDecimal,      DecimalToText,   &C::decimalFromString>,  DecimalFacets, AsText>},
-    {ItemType_integer,      Check<Kind<&V::GetInteger,      &C::integerToString, &C::integerFromString>, IntegerFacets, AsText>},
+    {ItemType_decimal,      Check<Kind<&V::GetDecimal,      DecimalToText,            &C::decimalFromString>,   DecimalFacets, AsText>},
+    {ItemType_integer,      Check<Kind<&V::GetInteger,      &C::integerToString,      &C::integerFromString>,   IntegerFacets, AsText>},
 };
 // clang-format on
 

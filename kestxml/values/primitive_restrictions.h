@@ -100,7 +100,8 @@ class KESTXML_API CPrimitiveRestrictions {
 /// @p value has: the two are to agree.
 ///
 /// Numbers are held to bounds and (integers and decimals) digits, strings to lengths in UTF-16
-/// units and to the pattern, binary data to lengths in bytes, booleans to nothing.
+/// units and to the pattern, binary data to lengths in bytes, booleans to nothing. Dates, times and
+/// spans are held to bounds, and pass one that they can't be compared with.
 ///
 /// A pattern is matched as a whole. It runs on PCRE2 after a textual translation that knows `\i`,
 /// `\c`, `\I`, `\C` and the blocks BasicLatin, Latin-1Supplement, LatinExtended-A and

@@ -4,6 +4,8 @@
 
 #include "kestxml/values/big_integer.h"
 #include "kestxml/values/binary_data.h"
+#include "kestxml/values/date_time.h"
+#include "kestxml/values/date_time_span.h"
 #include "kestxml/values/decimal.h"
 #include "tests/model/bare_object.h"
 #include "tests/model/thrown.h"
@@ -19,6 +21,12 @@ using Set = void (*)(KestVariant&);
 CBinaryData Bytes() {
   unsigned char bytes[] = {0x0A, 0xFF};
   return {bytes, 2, false};
+}
+
+CDateTime Dated(CDateTime::DTType type) {
+  CDateTime value;
+  value.SetDateTime(CDateTime(2004, 7, 9, 10, 11, 12), type);
+  return value;
 }
 
 struct KindCase {
@@ -42,6 +50,12 @@ constexpr KindCase kKinds[] = {
     {ItemType_ui8,     u"ui8",     [](KestVariant& v) { v.SetUI8(UINT64_MAX); },  u"18446744073709551615"},
     {ItemType_r4,      u"r4",      [](KestVariant& v) { v.SetR4(0.25F); },        u"0.25"},
     {ItemType_r8,      u"r8",      [](KestVariant& v) { v.SetR8(-0.5); },         u"-0.5"},
+    {ItemType_duration,  u"duration",  [](KestVariant& v) { v.SetDuration(CDateTimeSpan(2, 0, 0)); },           u"PT2H"},
+    {ItemType_yearMonth, u"yearMonth", [](KestVariant& v) { v.SetYearMonth(Dated(CDateTime::dt_gYearMonth)); }, u"2004-07"},
+    {ItemType_monthDay,  u"monthDay",  [](KestVariant& v) { v.SetMonthDay(Dated(CDateTime::dt_gMonthDay)); },   u"--07-09"},
+    {ItemType_date,      u"date",      [](KestVariant& v) { v.SetDate(Dated(CDateTime::dt_date)); },            u"2004-07-09"},
+    {ItemType_datetime,  u"datetime",  [](KestVariant& v) { v.SetDateTime(Dated(CDateTime::dt_dateTime)); },    u"2004-07-09T10:11:12"},
+    {ItemType_time,      u"time",      [](KestVariant& v) { v.SetTime(Dated(CDateTime::dt_time)); },            u"10:11:12"},
     {ItemType_year,    u"year",    [](KestVariant& v) { v.SetYear(2004); },       u"2004"},
     {ItemType_month,   u"month",   [](KestVariant& v) { v.SetMonth(7); },         u"--07"},
     {ItemType_day,     u"day",     [](KestVariant& v) { v.SetDay(7); },           u"---07"},
@@ -67,6 +81,9 @@ TEST(Variant, EveryKindIsStoredNamedWrittenAndCopied) {
     EXPECT_EQ(copy.ToString(), row.text);
     KestVariant const moved = std::move(copy);
     EXPECT_EQ(moved.ToString(), row.text);
+    value.FromString(row.text, row.type, kNone);
+    EXPECT_EQ(value.GetTypeAsEnum(), row.type);
+    EXPECT_EQ(value.ToString(), row.text);
     EXPECT_FALSE(copy.IsValid());  // NOLINT: what moving leaves is what is asked
   }
 }
