@@ -92,9 +92,9 @@ Tables const& OrdersTables() {
 
 void Access(std::u16string& member, bool read, KestVariant& value) {
   if (read) {
-    value.SetString(member);
+    value.SetStringReference(member);
   } else {
-    member = value.GetString();
+    member = value.TakeString();
   }
 }
 

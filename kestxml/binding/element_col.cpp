@@ -3,6 +3,7 @@
 #include <memory>
 
 #include "kestxml/binding/element.h"
+#include "kestxml/binding/internal/name_match.h"
 #include "kestxml/binding/internal/text_view.h"
 #include "kestxml/document/xml_element.h"
 #include "kestxml/values/kest_exception.h"
@@ -119,11 +120,8 @@ CXmlElement* CElementCol::FromXmlLockElementName_Int(std::u16string_view name,
                                                      CXmlElement* child,
                                                      CSerializationContext const& context,
                                                      bool /*isOptionalChoice*/) {
-  return ReadWhile(
-      [&](CXmlElement const& sibling) {
-        return sibling.GetLocalName() == name && sibling.GetNamespaceURI() == ns;
-      },
-      parent, child, context);
+  return ReadWhile([&](CXmlElement const& sibling) { return internal::HasName(sibling, name, ns); },
+                   parent, child, context);
 }
 
 template <typename IsTaken>

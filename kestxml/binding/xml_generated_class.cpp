@@ -1,6 +1,7 @@
 #include "kestxml/binding/xml_generated_class.h"
 
 #include <cstdlib>
+#include <typeinfo>
 
 #include "kestxml/binding/metadata/attribute_info.h"
 #include "kestxml/binding/metadata/element_info_family.h"
@@ -69,8 +70,19 @@ bool CXmlGeneratedClass::DoesElementContainOptionalElements() const {
   return false;
 }
 
-bool CXmlGeneratedClass::IsNilObject() const {
+// The cast is dear and asked of each object that is read or written, so the record of a class
+// remembers the type of objects that are not nillable.
+INillable* CXmlGeneratedClass::FindNillable() const {
+  auto& notNillable = GetClassInfo()->m_notNillable;
+  std::type_info const& type = typeid(*this);
+  if (notNillable.load(std::memory_order_relaxed) == &type) return nullptr;
   auto* const nillable = dynamic_cast<INillable*>(const_cast<CXmlGeneratedClass*>(this));
+  if (!nillable) notNillable.store(&type, std::memory_order_relaxed);
+  return nillable;
+}
+
+bool CXmlGeneratedClass::IsNilObject() const {
+  auto* const nillable = FindNillable();
   return nillable && nillable->IsNil();
 }
 

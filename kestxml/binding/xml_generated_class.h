@@ -16,6 +16,7 @@ class CParentElementInfo;
 namespace KestXmlLib20 {
 
 class CXmlAttribute;
+class INillable;
 struct KestVariant;
 
 /// Reads and writes any class that describes itself in tables of metadata and lets them reach its
@@ -90,6 +91,7 @@ class KESTXML_API CXmlGeneratedClass : public CXmlObjectBase {
   void ReadSimpleContent(KestXmlLib20Data::CParentElementInfo const& info,
                          CXmlElement const& element);
   void ReadNil(CXmlAttribute const& attribute, CXmlElement const& element);
+  INillable* FindNillable() const;
   bool IsNilObject() const;
 
   void WriteElement(CXmlWriter* writer, bool registerNamespaces, char16_t const* namespaceUri,

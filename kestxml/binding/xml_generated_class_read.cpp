@@ -103,7 +103,7 @@ void CXmlGeneratedClass::ReadSimpleContent(CParentElementInfo const& info,
 }
 
 void CXmlGeneratedClass::ReadNil(CXmlAttribute const& attribute, CXmlElement const& element) {
-  auto* const nillable = dynamic_cast<INillable*>(this);
+  auto* const nillable = FindNillable();
   if (!nillable) internal::ThrowNotNillable(element);
   auto const said = internal::ReadNilText(attribute.GetValue());
   if (!said) internal::ThrowUnexpectedNilText(attribute);

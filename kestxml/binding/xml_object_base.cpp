@@ -1,5 +1,6 @@
 #include "kestxml/binding/xml_object_base.h"
 
+#include "kestxml/binding/internal/name_match.h"
 #include "kestxml/binding/internal/namespace_restriction.h"
 #include "kestxml/binding/internal/text_view.h"
 #include "kestxml/binding/internal/version_guard.h"
@@ -89,8 +90,7 @@ void CXmlObjectBase::TestNamespace(char16_t const* ns, char16_t const* restricti
 bool CXmlObjectBase::DoesElementNameMatch(CSerializationContext const& context,
                                           CXmlElement const* element, char16_t const* name,
                                           char16_t const* ns) {
-  return element->GetLocalName() == ViewOf(name) &&
-         (context.GetIgnoreNamespaces() || element->GetNamespaceURI() == ViewOf(ns));
+  return internal::HasName(*element, ViewOf(name), ViewOf(ns), context);
 }
 
 }  // namespace KestXmlLib20

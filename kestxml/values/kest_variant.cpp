@@ -68,6 +68,10 @@ void Read(KestVariant& to, std::u16string_view text, Rule rule) {
   (to.*Set)(Parse(text, rule));
 }
 
+void ReadString(KestVariant& to, std::u16string_view text, Rule rule) {
+  to.SetString(CConversions::stringFromString(text, rule));
+}
+
 using C = CConversions;
 using V = KestVariant;
 
@@ -97,7 +101,7 @@ constexpr ValueKind kKinds[] = {
     {ItemType_datetime,      u"datetime",     Write<&V::GetDateTime, &C::dateToString>,             Read<&C::datetimeFromString, &V::SetDateTime>,         &kOwned<CDateTime>},
     {ItemType_time,          u"time",         Write<&V::GetTime, &C::dateToString>,                 Read<&C::timeFromString, &V::SetTime>,                 &kOwned<CDateTime>},
     {ItemType_char,          u"char",         Write<&V::GetChar, &C::charToString>,                 Read<&C::charFromString, &V::SetChar>,                 kInside},
-    {ItemType_string,        u"string",       Write<&V::GetString, &C::stringToString>,             Read<&C::stringFromString, &V::SetString>,             &kOwned<std::u16string>},
+    {ItemType_string,        u"string",       Write<&V::GetString, &C::stringToString>,             ReadString,                                            kInside},
     {ItemType_boolean,       u"boolean",      Write<&V::GetBoolean, &C::booleanToString>,           Read<&C::booleanFromString, &V::SetBoolean>,           kInside},
     {ItemType_decimal,       u"decimal",      WriteBy<&V::GetDecimal, &C::decimalToString>,         Read<&C::decimalFromString, &V::SetDecimal>,           &kOwned<CDecimal>},
     {ItemType_integer,       u"integer",      Write<&V::GetInteger, &C::integerToString>,           Read<&C::integerFromString, &V::SetInteger>,           &kOwned<CBigInteger>},
@@ -178,6 +182,10 @@ KestVariant::KestVariant(KestVariant const& other) : m_nil(other.m_nil), m_type(
   ValueKind const* const kind = Find(m_type);
   if (!kind) throw CKestException(u"Unknown Type");
   if (m_nil) return;
+  if (m_type == ItemType_string) {
+    m_text = other.GetString();
+    return;
+  }
   m_value = other.m_value;
   if (kind->storage && m_value != 0) Store(kind->storage->share(Load<void*>()));
 }
@@ -206,6 +214,7 @@ void KestVariant::Swap(KestVariant& other) noexcept {
   std::swap(m_nil, other.m_nil);
   std::swap(m_type, other.m_type);
   std::swap(m_value, other.m_value);
+  m_text.swap(other.m_text);
 }
 
 void KestVariant::ReleaseValue() {
@@ -223,6 +232,7 @@ void KestVariant::Clear() {
 
 void KestVariant::SetNil() {
   ReleaseValue();
+  m_text.clear();
   m_nil = true;
 }
 
@@ -310,8 +320,17 @@ void KestVariant::SetDay(unsigned char value) {
 void KestVariant::SetChar(char16_t value) {
   SetScalar(ItemType_char, value);
 }
-void KestVariant::SetString(std::u16string value) {
-  SetOwned(ItemType_string, std::move(value));
+// A string that the variant holds itself may be the one that is set.
+void KestVariant::SetString(std::u16string_view value) {
+  m_text = value;
+  SetScalar<void const*>(ItemType_string, nullptr);
+}
+void KestVariant::SetString(std::u16string&& value) {
+  m_text = std::move(value);
+  SetScalar<void const*>(ItemType_string, nullptr);
+}
+void KestVariant::SetStringReference(std::u16string const& value) {
+  SetScalar<void const*>(ItemType_string, &value);
 }
 void KestVariant::SetBoolean(bool value) {
   SetScalar(ItemType_boolean, value);
@@ -420,8 +439,14 @@ CBigInteger KestVariant::GetInteger() const {
 
 std::u16string const& KestVariant::GetString() const {
   static std::u16string const empty;
-  auto const* const text = GetOwned<std::u16string>();
-  return text ? *text : empty;
+  if (m_type != ItemType_string) return empty;
+  auto const* const reference = Load<std::u16string const*>();
+  return reference ? *reference : m_text;
+}
+
+std::u16string KestVariant::TakeString() {
+  bool const isOwn = m_type == ItemType_string && m_value == 0;
+  return isOwn ? std::move(m_text) : GetString();
 }
 
 CSmartPtr<CXmlObjectBase> KestVariant::GetXmlObject() const {

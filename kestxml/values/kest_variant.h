@@ -87,7 +87,13 @@ struct KESTXML_API KestVariant {
   void SetMonth(unsigned char value);
   void SetDay(unsigned char value);
   void SetChar(char16_t value);
-  void SetString(std::u16string value);
+  void SetString(std::u16string_view value);
+  void SetString(std::u16string const& value) { SetString(std::u16string_view(value)); }
+  void SetString(char16_t const* value) { SetString(std::u16string_view(value)); }
+  void SetString(std::u16string&& value);
+  /// Stores no copy: @p value must stay as it is for as long as this variant holds it, so this is
+  /// for handing out the string of a property. A copy of the variant has a copy of the string.
+  void SetStringReference(std::u16string const& value);
   void SetBoolean(bool value);
   void SetDecimal(CDecimal const& value);
   void SetInteger(CBigInteger const& value);
@@ -122,6 +128,9 @@ struct KESTXML_API KestVariant {
   char16_t GetChar() const;
   /// Valid until the variant changes.
   std::u16string const& GetString() const;
+  /// The string, of which this variant may give up its own: for storing it in a property. What
+  /// GetString gives afterwards is open.
+  std::u16string TakeString();
   bool GetBoolean() const;
   CDecimal GetDecimal() const;
   CBigInteger GetInteger() const;
@@ -148,8 +157,10 @@ struct KESTXML_API KestVariant {
 
   bool m_nil = false;
   ItemType m_type = ItemType_Invalid;
-  // The bytes of a scalar, or of the pointer to anything else. Zero where nothing is stored.
+  // The bytes of a scalar, or of the pointer to anything else, such as a string of another owner.
+  // Zero where nothing is stored.
   std::uint64_t m_value = 0;
+  std::u16string m_text;  // a string of its own
 };
 
 }  // namespace KestXmlLib20

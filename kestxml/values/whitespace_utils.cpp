@@ -18,6 +18,14 @@ bool IsPairAt(Text text, std::size_t at) {
   return text[at] == u'\r' && at + 1 < text.size() && text[at + 1] == u'\n';
 }
 
+// Whether a rule may find something in the text: whitespace or a null unit. Most values, such as
+// numbers, hold nothing of the kind.
+bool HoldsBlankOrControl(Text text) {
+  bool holds = false;
+  for (char16_t const unit : text) holds |= unit <= u' ';
+  return holds;
+}
+
 Text UntilNull(Text text) {
   return text.substr(0, text.find(u'\0'));
 }
@@ -53,6 +61,7 @@ Text PreserveInto(Text text, std::u16string& buffer) {
 }
 
 Text ReplaceInto(Text text, std::u16string& buffer) {
+  if (!HoldsBlankOrControl(text)) return text;
   Text const body = UntilNull(text);
   std::size_t const first = body.find_first_of(u"\t\n\r");
   if (first == Text::npos) return text;
@@ -67,6 +76,7 @@ Text ReplaceInto(Text text, std::u16string& buffer) {
 }
 
 Text CollapseInto(Text text, std::u16string& buffer) {
+  if (!HoldsBlankOrControl(text)) return text;
   Text const body = UntilNull(text);
   Text const trimmed = Trim(body);
   std::size_t const first = FindUncollapsed(trimmed);

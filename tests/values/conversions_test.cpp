@@ -172,12 +172,20 @@ double ReadR8(std::string const& text) {
   return CConversions::r8FromString(FromUtf8(text), kNone);
 }
 
+// Any number, one with few decimals as people write them, or one that rounds to a power of ten.
+double Number(std::mt19937_64& random, int i) {
+  double const power = std::pow(10, static_cast<double>(random() % 21) - 4);
+  if (i % 3 == 0) return std::nextafter(power, i % 2 == 0 ? 0 : HUGE_VAL);
+  if (i % 3 == 1) return static_cast<double>(random() % 1'000'000) / power;
+  auto const value = std::bit_cast<double>(random());
+  return std::isfinite(value) ? value : -0.0;
+}
+
 // The C library reads and prints the same numbers on a way of its own.
 TEST(Conversions, RealsAgreeWithTheCLibrary) {
   std::mt19937_64 random(20);
-  for (int i = 0; i < 20'000; ++i) {
-    auto value = std::bit_cast<double>(random());
-    if (!std::isfinite(value)) value = static_cast<double>(random()) / 1000;
+  for (int i = 0; i < 30'000; ++i) {
+    double const value = Number(random, i);
     char text[64];
     std::snprintf(text, sizeof text, "%.16g", value);
     ASSERT_EQ(CConversions::r8ToString(value), FromUtf8(text));

@@ -185,6 +185,23 @@ TEST(Variant, CopiesShareBytesUntilOneEnds) {
   EXPECT_EQ(copy.ToString(), u"0AFF");
 }
 
+TEST(Variant, LendsAndGivesUpStrings) {
+  std::u16string member = u"a text of some length";
+  KestVariant lent;
+  lent.SetStringReference(member);
+  EXPECT_EQ(&lent.GetString(), &member);
+  KestVariant const copy = lent;
+  EXPECT_EQ(lent.TakeString(), u"a text of some length");
+  member = u"changed";
+  EXPECT_EQ(lent.ToString(), u"changed");
+  EXPECT_EQ(copy.ToString(), u"a text of some length");
+
+  KestVariant own = copy;
+  char16_t const* const units = own.GetString().data();
+  EXPECT_EQ(own.TakeString().data(), units);
+  EXPECT_EQ(KestVariant().TakeString(), u"");
+}
+
 TEST(Variant, CountsItsReferences) {
   bool deleted = false;
   auto* const object = new BareObject(&deleted);

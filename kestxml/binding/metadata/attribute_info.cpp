@@ -2,8 +2,10 @@
 
 #include "kestxml/binding/attribute.h"
 #include "kestxml/binding/attribute_col.h"
+#include "kestxml/binding/internal/name_match.h"
 #include "kestxml/binding/internal/namespace_restriction.h"
 #include "kestxml/binding/internal/text_view.h"
+#include "kestxml/binding/internal/value_text.h"
 #include "kestxml/binding/serialization_context.h"
 #include "kestxml/binding/xml_generated_class.h"
 #include "kestxml/document/xml_attribute.h"
@@ -27,8 +29,7 @@ CAttributeInfo::CAttributeInfo(char16_t const* name, char16_t const* ns, std::in
 
 bool CAttributeInfo::IsThisAttribute(CSerializationContext const& context,
                                      CXmlAttribute const* attribute) const {
-  if (!attribute || attribute->GetLocalName() != m_attributeName) return false;
-  return attribute->GetNamespaceURI() == m_attributeNamespace || context.GetIgnoreNamespaces();
+  return attribute && internal::HasName(*attribute, m_attributeName, m_attributeNamespace, context);
 }
 
 void CAttributeInfo::InvokePropertyGet(CXmlGeneratedClass* owner, KestVariant& value) const {
@@ -122,7 +123,7 @@ void CAttributeInfoPrimitive::AttributeToXml(CSerializationContext const& contex
   KestVariant value;
   ReadProperty(owner, value);
   if (IsUnset(value)) return;
-  std::u16string const text = value.ToString(m_formatOverride.c_str());
+  internal::ValueText const text(value, m_formatOverride);
   if (IsLeftOutDefault(context, text)) return;
   CheckRestriction(value);
   writer->WriteAttribute(GetAttributeName(), GetAttributeNamespace(), text, value.GetTypeAsEnum());
@@ -131,10 +132,7 @@ void CAttributeInfoPrimitive::AttributeToXml(CSerializationContext const& contex
 bool CAttributeInfoPrimitive::AttributeFromXml(CSerializationContext const&,
                                                CXmlGeneratedClass* owner,
                                                CXmlAttribute* attribute) {
-  if (attribute->GetLocalName() != GetAttributeName() ||
-      attribute->GetNamespaceURI() != GetAttributeNamespace()) {
-    return false;
-  }
+  if (!internal::HasName(*attribute, GetAttributeName(), GetAttributeNamespace())) return false;
   KestVariant value;
   value.FromString(attribute->GetValue(), m_itemType, m_whitespaceRule);
   InvokePropertySet(owner, value, *attribute);

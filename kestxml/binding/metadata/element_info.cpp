@@ -3,8 +3,10 @@
 #include <utility>
 
 #include "kestxml/binding/element_col.h"
+#include "kestxml/binding/internal/name_match.h"
 #include "kestxml/binding/internal/nil_text.h"
 #include "kestxml/binding/internal/text_view.h"
+#include "kestxml/binding/internal/value_text.h"
 #include "kestxml/binding/serialization_context.h"
 #include "kestxml/binding/xml_generated_class.h"
 #include "kestxml/collections/xml_collection_base.h"
@@ -102,8 +104,7 @@ void CElementInfo::InvokePropertySet(CXmlGeneratedClass* owner, KestVariant& val
 
 bool CElementInfo::IsThisElement(CSerializationContext const& context,
                                  CXmlElement const* element) const {
-  if (!element || element->GetLocalName() != m_elementName) return false;
-  return element->GetNamespaceURI() == m_elementNamespace || context.GetIgnoreNamespaces();
+  return element && internal::HasName(*element, m_elementName, m_elementNamespace, context);
 }
 
 void CElementInfo::ThrowRequiredElementMissing(ElementRead const& read) const {
@@ -196,11 +197,8 @@ bool CElementInfo::ElementToXmlPrim(CSerializationContext const&, CXmlGeneratedC
   ReadProperty(owner, value);
   if (value.IsNil()) return WriteNil(writer);
   if (!value.IsValid()) return false;
-  if (value.GetTypeAsEnum() == ItemType_string) {
-    return WriteValue(writer, value, value.GetString(), ItemType_string, true);
-  }
-  return WriteValue(writer, value, value.ToString(m_formatOverride.c_str()), value.GetTypeAsEnum(),
-                    true);
+  internal::ValueText const text(value, m_formatOverride);
+  return WriteValue(writer, value, text, value.GetTypeAsEnum(), true);
 }
 
 bool CElementInfo::ElementToXmlEnum(CSerializationContext const&, CXmlGeneratedClass const* owner,

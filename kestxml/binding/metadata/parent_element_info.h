@@ -1,13 +1,19 @@
 // What a generated class says about itself as a whole.
 #pragma once
 
+#include <atomic>
 #include <cstdint>
 #include <string>
+#include <typeinfo>
 
 #include "kestxml/binding/metadata/xml_element_type.h"
 #include "kestxml/platform/api.h"
 #include "kestxml/values/item_type.h"
 #include "kestxml/values/whitespace_utils.h"
+
+namespace KestXmlLib20 {
+class CXmlGeneratedClass;
+}
 
 namespace KestXmlLib20Data {
 
@@ -54,6 +60,8 @@ class KESTXML_API CParentElementInfo {
   }
 
  private:
+  friend class KestXmlLib20::CXmlGeneratedClass;
+
   XmlElementGroupType m_groupType;
   XmlElementType m_elementType;
   std::u16string m_elementName;
@@ -65,6 +73,8 @@ class KESTXML_API CParentElementInfo {
   KestXmlLib20::CWhitespaceUtils::WhitespaceRule m_whitespaceRule;
   std::u16string m_primitiveFormatOverride;
   bool m_outputPrimitiveClassAsTextProperty;
+  // Of objects that were found not to be nillable. Objects of several types may share a record.
+  mutable std::atomic<std::type_info const*> m_notNillable = nullptr;
 };
 
 }  // namespace KestXmlLib20Data

@@ -6,6 +6,7 @@
 #include <type_traits>
 
 #include "kestxml/values/internal/ascii.h"
+#include "kestxml/values/internal/fixed_real.h"
 
 namespace KestXmlLib20::internal {
 namespace {
@@ -223,6 +224,10 @@ std::u16string PrintInteger(std::uint64_t value) {
 }
 
 std::u16string PrintReal(double value, int precision) {
+  char text[24];
+  if (char const* const end = PrintFixedReal(value, precision, text)) {
+    return WidenAscii({text, static_cast<std::size_t>(end - text)});
+  }
   return Print(value, std::chars_format::general, precision);
 }
 
