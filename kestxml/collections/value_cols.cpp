@@ -56,7 +56,7 @@ template <> struct Kind<ItemType_r4>           : Text<C::r4ToString,           C
 template <> struct Kind<ItemType_r8>           : Text<C::r8ToString,           C::r8FromString,           &V::SetR8> {};
 template <> struct Kind<ItemType_decimal>      : Text<C::decimalToString,      C::decimalFromString,      &V::SetDecimal> {};
 template <> struct Kind<ItemType_integer>      : Text<C::integerToString,      C::integerFromString,      &V::SetInteger> {};
-template <> struct Kind<ItemType_string>       : Text<ItsOwnText,              C::stringFromString,       &V::SetString> {};
+template <> struct Kind<ItemType_string>       : Text<ItsOwnText,              C::stringFromString,       &V::SetStringReference> {};
 template <> struct Kind<ItemType_boolean>      : Text<C::booleanToString,      C::booleanFromString,      &V::SetBoolean> {};
 // clang-format on
 
