@@ -20,6 +20,7 @@
 #include "kestxml/binding/serialization_limits.h"
 #include "kestxml/binding/xml_generated_class.h"
 #include "kestxml/binding/xml_object_base.h"
+#include "kestxml/collections/date_cols.h"
 #include "kestxml/collections/kest_iterator.h"
 #include "kestxml/collections/node.h"
 #include "kestxml/collections/value_cols.h"

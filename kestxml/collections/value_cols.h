@@ -10,6 +10,7 @@
 #include "kestxml/platform/api.h"
 #include "kestxml/values/big_integer.h"
 #include "kestxml/values/binary_data.h"
+#include "kestxml/values/date_time_span.h"
 #include "kestxml/values/decimal.h"
 #include "kestxml/values/instance_monitor.h"
 
@@ -128,6 +129,29 @@ class KESTXML_API Cr4Col : public CValueCol<ItemType_r4, float> {
 };
 
 class KESTXML_API Cr8Col : public CValueCol<ItemType_r8, double> {
+ public:
+  using CValueCol::CValueCol;
+};
+
+// Years, months and days. Facets: bounds. A year before Christ that is read wraps to a large one.
+
+class KESTXML_API CyearCol : public CValueCol<ItemType_year, std::uint16_t> {
+ public:
+  using CValueCol::CValueCol;
+};
+
+class KESTXML_API CmonthCol : public CValueCol<ItemType_month, unsigned char> {
+ public:
+  using CValueCol::CValueCol;
+};
+
+class KESTXML_API CdayCol : public CValueCol<ItemType_day, unsigned char> {
+ public:
+  using CValueCol::CValueCol;
+};
+
+/// Lengths of time. Facets: bounds.
+class KESTXML_API CdurationCol : public CValueCol<ItemType_duration, CDateTimeSpan> {
  public:
   using CValueCol::CValueCol;
 };
