@@ -6,7 +6,7 @@
 #include <string>
 #include <utility>
 
-#include "kestxml/binding/metadata/parent_element_info.h"
+#include "kestxml/values/kest_exception.h"
 #include "tests/model/model_class.h"
 
 namespace KestModel {
@@ -26,6 +26,9 @@ class CDesign {
   Tables m_tables;
 };
 
+/// The number of a property that can be neither read nor set.
+inline constexpr std::int32_t kRefused = -1;
+
 /// Its properties are variants: unset, unless @p init says otherwise.
 class CAssembled : public CXmlGeneratedClass {
  public:
@@ -44,6 +47,7 @@ class CAssembled : public CXmlGeneratedClass {
   CXmlObjectBase* GetBase() override { return this; }
   std::u16string_view GetNamespace() const override { return u""; }
   void AccessProperty(std::int32_t propertyIndex, bool read, KestVariant& value) override {
+    if (propertyIndex == kRefused) throw CKestException(u"refused");
     Exchange(properties[propertyIndex], read, value);
   }
   CParentElementInfo* GetClassInfo() const override { return m_design.GetTables().classInfo; }

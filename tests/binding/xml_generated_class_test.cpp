@@ -1,0 +1,282 @@
+// Generated classes beyond the documents that they read: setters, the root of what is written,
+// tables in their lifetime, and amounts.
+#include "kestxml/binding/xml_generated_class.h"
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include "kestxml/binding/attribute.h"
+#include "kestxml/binding/attribute_col.h"
+#include "kestxml/document/xml_document.h"
+#include "tests/model/alls.h"
+#include "tests/model/assembled.h"
+#include "tests/model/choices.h"
+#include "tests/model/outcome.h"
+
+namespace KestModel {
+namespace {
+
+constexpr auto kElement = XmlElementType_Element;
+
+KestVariant Nil() {
+  KestVariant value;
+  value.SetNil();
+  return value;
+}
+
+CSmartPtr<CBox> NewBox() {
+  CSmartPtr<CBox> const box(new CBox);
+  box->Tag()->SetId(1);
+  box->Shape() = new CSquare;
+  return box;
+}
+
+// clang-format off
+TEST(Written, SaysWhereItFailed) {
+  struct {
+    char const* name; std::u16string (*write)(); char16_t const* outcome;
+  } const rows[] = {
+      {"Facet",     [] { CSmartPtr<CCrate> const crate(new CCrate); return Written(*crate); },
+                    u"Validation: Failed to convert the element [Crate] to XML\nException: Invalid Value for Weight [0.000000]"},
+      {"SetterFacet", [] { CSmartPtr<CCrate> const crate(new CCrate); crate->SetLabel(u"123456789"); return Written(*crate); },
+                    u"Exception: Invalid Value for Label [123456789]."},
+      {"Deep",      [] { auto const box = NewBox(); box->Tag() = new CTag; return Written(*box); },
+                    u"Validation: Failed to convert the element [Box] to XML\nValidation: Failed to convert the element [Tag] to XML\n"
+                    u"Exception: Failed to convert attributes to XML\nException: Invalid Type 0 to convert to string"},
+      {"Mandatory", [] { auto const box = NewBox(); box->Shape() = nullptr; return Written(*box); },
+                    u"Validation: Failed to convert the element [Box] to XML\nInvalidParam: The Property [Shape] is mandatory, it may not be NULL"},
+      {"Nil",       [] { CSmartPtr<CTag> const tag(new CTag); tag->SetId(1); tag->SetNil(true); return Written(*tag); },
+                    u"<Tag id='1' xmlns:AA=XSI AA:nil='true'/>"},
+      {"NilValue",  [] { CSmartPtr<CTag> const tag(new CTag); tag->SetId(1); tag->SetValue(Nil()); return Written(*tag); },
+                    u"<Tag id='1' xmlns:AA=XSI AA:nil='true'/>"},
+      {"NoText",    [] { CSmartPtr<CTag> const tag(new CTag); tag->SetId(1); tag->SetValue({}); return Written(*tag); },
+                    u"Validation: Failed to convert the element [Tag] to XML\nException: Invalid Type 0 to convert to string"},
+      // Under its own name the derived type needs no type attribute.
+      {"OwnName",   [] { CSmartPtr<CSquare> const square(new CSquare); return Written(*square); },
+                    u"<AA:Square xmlns:AA='urn:shapes'><AA:Side>0</AA:Side></AA:Square>"},
+      {"AllCollection", [] { CSmartPtr<CStack<CElementInfoAllClsCol, CNoteCol>> const stack(new CStack<CElementInfoAllClsCol, CNoteCol>);
+                    stack->GetItems()->Add(new CNote(u"Item")); return Written(*stack); },
+                    u"<Stack><Item/></Stack>"},
+  };
+  // clang-format on
+  for (auto const& row : rows) {
+    SCOPED_TRACE(row.name);
+    std::u16string written;
+    std::u16string const chain = ThrownChain([&] { written = row.write(); });
+    EXPECT_EQ(chain == kNothingThrown ? written : chain, Expand(row.outcome));
+  }
+}
+
+TEST(Written, BeginsWithWhatTheContextAddsToTheRoot) {
+  CSerializationContext context;
+  context.GetProcessingInstructions() = {u"<?a?>", u"<?b?>"};
+  context.GetNamespaceAliases().Add(u"s", kShapes);
+  context.SetDefaultNamespaceURI(u"urn:d");
+  context.GetAdditionalRootAttributes()->Add(u"more", u"1");
+  context.SetInLineSchema(u"raw=\"<\"");
+  CSmartPtr<CTag> const tag(new CTag);
+  tag->SetId(1);
+  tag->SetNil(true);
+  EXPECT_EQ(Written(*tag, context),
+            Expand(u"<?a?><?b?><Tag xmlns='urn:d' xmlns:s='urn:shapes' more='1' id='1' raw=\"<\" "
+                   u"xmlns:AA=XSI AA:nil='true'/>"));
+  auto const box = NewBox();
+  context.SetInLineSchema(u"");
+  EXPECT_EQ(Written(*box, context),
+            Expand(u"<?a?><?b?><Box xmlns='urn:d' xmlns:s='urn:shapes' more='1'>"
+                   u"<Tag id='1'>0</Tag><s:Square><s:Side>0</s:Side></s:Square></Box>"));
+}
+
+TEST(Choice, KeepsOneMember) {
+  constexpr char16_t kAlreadySet[] =
+      u"InvalidState: The Property [Number] is already set. Only one element within this class bay "
+      u"be set at a time";
+  CSmartPtr<CPick> const pick(new CPick);
+  pick->SetNumber(5);
+  EXPECT_EQ(ThrownChain([&] { pick->SetNote(new CNote); }), kAlreadySet);
+  pick->SetNote(nullptr);
+  EXPECT_EQ(pick->GetSelection(), u"Number");
+  EXPECT_EQ(ThrownChain([&] { pick->SetNumber(100); }),
+            u"Exception: Invalid Value for Number [100]");
+  EXPECT_EQ(Written(*pick), u"<Pick><Number>5</Number></Pick>");
+  pick->FromXml(u"<Pick><Note/></Pick>", {});
+  EXPECT_EQ(pick->GetSelection(), u"Note");
+  pick->SetNote(nullptr);
+  EXPECT_EQ(pick->GetSelection(), u"");
+
+  CSmartPtr<CHeap> const heap(new CHeap);
+  heap->GetNumbers()->Add(1);
+  EXPECT_EQ(ThrownChain([&] { heap->GetNotes()->Add(); }), kAlreadySet);
+  heap->GetNumbers()->Clear();
+  EXPECT_EQ(heap->GetSelection(), u"");
+  heap->FromXml(u"<Heap><Color>red</Color></Heap>", {});
+  EXPECT_EQ(heap->GetSelection(), u"Color");
+}
+
+// The tables of some odd classes.
+TEST(Assembled, IsReadAndWritten) {
+  auto const prim = [](char16_t const* name, std::int32_t index) {
+    return Primitive<CElementInfoAllPrimMnd>(name, index);
+  };
+  static CDesign const allGroup(
+      Class(XmlElementGroupType_All, XmlElementType_PseudoElement, u"",
+            {.failIfAttributeUnknown = false}),
+      {prim(u"A", 0), Primitive<CElementInfoAllPrimOpt>(u"B", 1)});
+  ClassFactory const makeAllGroup = [](int, char16_t const*) -> CSmartPtr<CXmlObjectBase> {
+    return new CAssembled(allGroup);
+  };
+  CDesign const withAllGroup(
+      Class(XmlElementGroupType_Sequence, kElement, u"O"),
+      {new CElementInfoSeqClsOpt(u"G", u"", 0, XmlElementType_PseudoElement, makeAllGroup, 0),
+       Primitive<CElementInfoSeqPrimOpt>(u"B", 1)});
+  CDesign const emptyAll(Class(XmlElementGroupType_All, kElement, u"O"), {});
+  CDesign const freeChoice(Class(XmlElementGroupType_Choice, kElement, u"O"),
+                           {new CElementInfoChoiceClsCol(u"Note", u"", 0, kElement)});
+  CDesign const unknown(Class(static_cast<XmlElementGroupType>(3), kElement, u"O"), {});
+  auto const notes = [](CAssembled::Properties& p) {
+    p[0].SetXmlCollection(new CNoteCol(u"Note", u"", 0, -1));
+  };
+  // clang-format off
+  struct {
+    char const* name; CDesign const& design; CAssembled::InitProperties init; Tolerate tolerate; char16_t const* document; char16_t const* outcome = nullptr;
+  } const rows[] = {
+      // Having no end tag of its own the group passes over what it does not know.
+      {"AllGroup",        withAllGroup, nullptr, nullptr, u"<O><B>2</B><A>1</A><B>3</B></O>", u"<O><A>1</A><B>2</B></O>"},
+      // Without its mandatory member the group counts as not found, and what it read is read again.
+      {"AllGroupNotFound", withAllGroup, nullptr, nullptr, u"<O><B>3</B></O>"},
+      {"AllGroupBehindUnknown", withAllGroup, nullptr, UnknownElements, u"<O><X/><B>2</B><A>1</A></O>", u"<O><A>1</A><B>2</B></O>"},
+      {"EmptyAll",        emptyAll, nullptr, nullptr, u"<O/>"},
+      {"EmptyAllWithChild", emptyAll, nullptr, nullptr, u"<O><X/></O>",
+                          u"Exception: Failed read all the elements held within the element [O]. The unexpected element [X] remains unprocessed @ /O"},
+      {"EmptyAllTolerant", emptyAll, nullptr, UnknownElements, u"<O><X/><X/></O>", u"<O/>"},
+      {"FreeChoice",      freeChoice, notes, nullptr, u"<O><Note/></O>"},
+      {"FreeChoiceEmpty", freeChoice, notes, nullptr, u"<O/>"},
+      {"UnknownGroup",    unknown, nullptr, nullptr, u"<O/>", u"Validation: Failed to process the element. @ /O\nException: Unknown Group Type"},
+  };
+  // clang-format on
+  for (auto const& row : rows) {
+    SCOPED_TRACE(row.name);
+    CSmartPtr<CAssembled> const object(new CAssembled(row.design, row.init));
+    EXPECT_EQ(Outcome(*object, Expand(row.document), MakeContext(row.tolerate)),
+              row.outcome ? row.outcome : row.document);
+  }
+  CSmartPtr<CAssembled> const object(new CAssembled(unknown));
+  EXPECT_EQ(ThrownChain([&] { Written(*object); }),
+            u"Validation: Failed to convert the element [O] to XML\n"
+            u"Exception: Unknown XML Group Type");
+}
+
+TEST(Assembled, KnowsItsElements) {
+  struct CReach : CAssembled {
+    using CAssembled::CAssembled;
+    using CXmlGeneratedClass::IsElementInList;
+  };
+  CDesign const empty(Class(XmlElementGroupType_Sequence, kElement, u"O"), {});
+  CDesign const design(Class(XmlElementGroupType_Sequence, kElement, u"O"),
+                       {Primitive<CElementInfoSeqPrimOpt>(u"A", 0),
+                        Primitive<CElementInfoSeqPrimOpt>(u"B", 1)});
+  CSmartPtr<CReach> const object(new CReach(design));
+  CXmlDocument document;
+  document.LoadXml("<O><B/><b/><B xmlns='urn:x'/></O>");
+  CXmlElement* element = document.GetDocumentElement()->GetFirstElement();
+  EXPECT_TRUE(object->IsElementInList({}, element));
+  EXPECT_FALSE(CSmartPtr<CReach>(new CReach(empty))->IsElementInList({}, element));
+  element = element->GetNextSiblingElement();
+  EXPECT_FALSE(object->IsElementInList({}, element));
+  element = element->GetNextSiblingElement();
+  EXPECT_FALSE(object->IsElementInList({}, element));
+  EXPECT_TRUE(object->IsElementInList(MakeContext(AnyNamespace), element));
+  EXPECT_FALSE(object->IsElementInList({}, nullptr));
+}
+
+// A type attribute, seen by a factory.
+TEST(ClassFactory, SplitsTheTypeAtItsFirstColon) {
+  struct CFactory : CClassfactoryBase {
+    using CClassfactoryBase::GetElementType;
+    using CClassfactoryBase::GetElementTypeNamespaceUri;
+  };
+  struct {
+    char const *attribute, *type, *ns;
+  } const rows[] = {
+      {"", "", "urn:own"},
+      {"x:type='T'", "T", "urn:own"},
+      {"x:type='p:T'", "T", "urn:p"},
+      {"x:type='q:T'", "T", "urn:own"},
+      {"x:type='p:T:U'", "T:U", "urn:p"},
+      {"type='p:T'", "", "urn:own"},
+  };
+  for (auto const& row : rows) {
+    SCOPED_TRACE(row.attribute);
+    CXmlDocument document;
+    document.LoadXml((std::string("<o xmlns='urn:own' xmlns:p='urn:p' "
+                                  "xmlns:x='http://www.w3.org/2001/XMLSchema-instance' ") +
+                      row.attribute + "/>")
+                         .c_str());
+    EXPECT_EQ(CFactory::GetElementType(document.GetDocumentElement()), FromUtf8(row.type));
+    EXPECT_EQ(CFactory::GetElementTypeNamespaceUri(document.GetDocumentElement()),
+              FromUtf8(row.ns));
+  }
+}
+
+TEST(Tables, AreBuiltAgainOnceGivenBack) {
+  CSmartPtr<CCrate> const crate(new CCrate);
+  crate->SetWeight(1);
+  std::u16string const written = Written(*crate);
+  CCrate::CleanTables();
+  EXPECT_EQ(CCrate::CurrentTables().classInfo, nullptr);
+  EXPECT_EQ(CCrate::CurrentTables().elements, nullptr);
+  EXPECT_EQ(CCrate::CurrentTables().attributes, nullptr);
+  CCrate::CleanTables();  // null pointers are accepted
+  EXPECT_EQ(Written(*crate), written);
+}
+
+// Building the tables, reading and writing with the default context, which nothing may change.
+TEST(Tables, AreSharedByThreads) {
+  CSerializationContext const& context = CSerializationContext::GetDefaultContext();
+  CHeap::CleanTables();
+  CForm::CleanTables();
+  std::vector<std::thread> threads;
+  for (int i = 0; i < 4; ++i) {
+    threads.emplace_back([&] {
+      for (int round = 0; round < 50; ++round) {
+        CSmartPtr<CHeap> const heap(new CHeap);
+        std::u16string const document = u"<Heap><Number>1</Number><Number>2</Number></Heap>";
+        EXPECT_EQ(Outcome(*heap, document, context), document);
+        CSmartPtr<CForm> const form(new CForm);
+        EXPECT_NE(Outcome(*form, u"<Form/>", context), u"");
+      }
+    });
+  }
+  for (auto& thread : threads) thread.join();
+}
+
+double SecondsToRead(std::int32_t count) {
+  CDesign const design(Class(XmlElementGroupType_Sequence, kElement, u"O"),
+                       {new CElementInfoSeqClsCol(u"Note", u"", 0, kElement)});
+  std::string document = "<O>";
+  for (std::int32_t i = 0; i < count; ++i) document += "<Note/>";
+  document += "</O>";
+  CSmartPtr<CNoteCol> notes;
+  CSmartPtr<CAssembled> const object(new CAssembled(design, [&](CAssembled::Properties& p) {
+    notes = new CNoteCol(u"Note", u"", 0, -1);
+    p[0].SetXmlCollection(notes.Get());
+  }));
+  auto const begin = std::chrono::steady_clock::now();
+  object->FromXml(document.c_str(), {});
+  std::chrono::duration<double> const seconds = std::chrono::steady_clock::now() - begin;
+  EXPECT_EQ(notes->GetCount(), count);
+  return seconds.count();
+}
+
+// Quadratic time would take a hundred times as much, and so would a walk for each item.
+TEST(Collection, OfAMillionItemsIsReadInLinearTime) {
+  double const ofFew = SecondsToRead(100'000);
+  EXPECT_LT(SecondsToRead(1'000'000), 40 * ofFew + 1);
+}
+
+}  // namespace
+}  // namespace KestModel
