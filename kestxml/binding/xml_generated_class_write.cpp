@@ -68,9 +68,11 @@ void CXmlGeneratedClass::WriteStartTag(CXmlWriter* writer, bool registerNamespac
                                        bool isOptionalChoice) const {
   if (registerNamespaces) WriteProlog(*writer, context);
   writer->StartElement(GetElementName(), namespaceUri);
-  if (registerNamespaces) {
-    CXmlObjectBase::ToXml_Int(context.GetAdditionalRootAttributes().Get(), writer, false,
-                              namespaceUri, context, isOptionalChoice);
+  // Not made when there are none, so that threads can write with one context.
+  CAttributeCol const* const more =
+      registerNamespaces ? context.FindAdditionalRootAttributes() : nullptr;
+  if (more) {
+    CXmlObjectBase::ToXml_Int(more, writer, false, namespaceUri, context, isOptionalChoice);
   }
   AttributesToXml_Int(writer, context);
   if (registerNamespaces && !context.GetInLineSchema().empty()) {

@@ -122,10 +122,9 @@ TEST(Assembled, IsReadAndWritten) {
   auto const prim = [](char16_t const* name, std::int32_t index) {
     return Primitive<CElementInfoAllPrimMnd>(name, index);
   };
-  static CDesign const allGroup(
-      Class(XmlElementGroupType_All, XmlElementType_PseudoElement, u"",
-            {.failIfAttributeUnknown = false}),
-      {prim(u"A", 0), Primitive<CElementInfoAllPrimOpt>(u"B", 1)});
+  static CDesign const allGroup(Class(XmlElementGroupType_All, XmlElementType_PseudoElement, u"",
+                                      {.failIfAttributeUnknown = false}),
+                                {prim(u"A", 0), Primitive<CElementInfoAllPrimOpt>(u"B", 1)});
   ClassFactory const makeAllGroup = [](int, char16_t const*) -> CSmartPtr<CXmlObjectBase> {
     return new CAssembled(allGroup);
   };
@@ -176,9 +175,9 @@ TEST(Assembled, KnowsItsElements) {
     using CXmlGeneratedClass::IsElementInList;
   };
   CDesign const empty(Class(XmlElementGroupType_Sequence, kElement, u"O"), {});
-  CDesign const design(Class(XmlElementGroupType_Sequence, kElement, u"O"),
-                       {Primitive<CElementInfoSeqPrimOpt>(u"A", 0),
-                        Primitive<CElementInfoSeqPrimOpt>(u"B", 1)});
+  CDesign const design(
+      Class(XmlElementGroupType_Sequence, kElement, u"O"),
+      {Primitive<CElementInfoSeqPrimOpt>(u"A", 0), Primitive<CElementInfoSeqPrimOpt>(u"B", 1)});
   CSmartPtr<CReach> const object(new CReach(design));
   CXmlDocument document;
   document.LoadXml("<O><B/><b/><B xmlns='urn:x'/></O>");
@@ -252,6 +251,7 @@ TEST(Tables, AreSharedByThreads) {
     });
   }
   for (auto& thread : threads) thread.join();
+  EXPECT_EQ(context.FindAdditionalRootAttributes(), nullptr);
 }
 
 double SecondsToRead(std::int32_t count) {

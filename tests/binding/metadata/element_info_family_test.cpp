@@ -107,8 +107,7 @@ std::u16string Describe(KestVariant const& value) {
   }
 }
 
-constexpr char16_t kMissing[] =
-    u"Validation: Failed to find the required child element [A]. @ /O";
+constexpr char16_t kMissing[] = u"Validation: Failed to find the required child element [A]. @ /O";
 constexpr char16_t kNull[] = u"InvalidParam: The Property [A] is mandatory, it may not be NULL";
 
 // clang-format off
@@ -274,7 +273,9 @@ TEST(ElementInfo, ValidatesAtTheEndOfAnAllGroup) {
       bool result = false;
       std::u16string const chain =
           ThrownChain([&] { result = entry->Validate(context, nullptr, false, inElement); });
-      EXPECT_EQ(chain != kNothingThrown ? chain : result ? u"true" : u"false",
+      EXPECT_EQ(chain != kNothingThrown ? chain
+                : result                ? u"true"
+                                        : u"false",
                 inElement ? row.inElement : row.inGroup);
     }
   }
