@@ -1,6 +1,7 @@
 #include "examples/demo/columns.h"
 
 #include <algorithm>
+#include <cstdio>
 
 #include "kestxml/kestxml.h"
 
@@ -17,6 +18,12 @@ std::string Grouped(std::size_t number, std::size_t width) {
   std::string digits = std::to_string(number);
   for (std::size_t i = digits.size(); i > 3; i -= 3) digits.insert(i - 3, 1, ',');
   return std::string(width > digits.size() ? width - digits.size() : 0, ' ') + digits;
+}
+
+std::string Fixed(double number, int places) {
+  char text[64];
+  std::snprintf(text, sizeof text, "%.*f", places, number);
+  return text;
 }
 
 }  // namespace KestDemo

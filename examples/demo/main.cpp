@@ -1,10 +1,13 @@
-// kestxml_demo [FILE]: reads a document into objects, shows what it holds, writes it and reads it
-// again, and shows what a broken document gives. Without FILE it takes Debian's list of languages.
+// kestxml_demo: tells of a purchase order in classes that describe themselves by metadata, then of
+// a large list in classes that read and write themselves. kestxml_demo FILE: does the same with a
+// document of the user's: a purchase order, or any other.
+#include <cstring>
 #include <iostream>
 
 #include "examples/demo/any_document.h"
 #include "examples/demo/columns.h"
 #include "examples/demo/language_list.h"
+#include "examples/demo/order_story.h"
 #include "examples/demo/round_trip.h"
 
 namespace KestDemo {
@@ -41,7 +44,7 @@ bool ShowFailure(std::filesystem::path const& file) try {
   std::cout << "\nThe broken document was read. That is a fault of the library.\n";
   return false;
 } catch (CKestException const& failure) {
-  std::cout << failure << '\n';
+  std::cout << "    " << failure << '\n';
   return true;
 }
 
@@ -49,8 +52,8 @@ template <typename Object>
 bool Show(std::filesystem::path const& file) {
   Object object;
   double const milliseconds = Milliseconds([&] { Read(object, file); });
-  std::cout << file.string() << ": " << Grouped(std::filesystem::file_size(file))
-            << " bytes, read in " << static_cast<int>(milliseconds + 0.5) << " ms: ";
+  std::cout << file.filename().string() << ": " << Grouped(std::filesystem::file_size(file))
+            << " bytes, read in " << Fixed(milliseconds, 1) << " ms: ";
   Print(std::cout, object);
 
   CTemporaryDirectory const directory;
@@ -67,14 +70,34 @@ bool ShowLanguages() {
   return isGood;
 }
 
+void PrintTitle(char const* title) {
+  std::cout << '\n' << title << '\n' << std::string(std::strlen(title), '=') << "\n\n";
+}
+
+bool ShowExamples() {
+  PrintTitle("A purchase order, in classes that describe themselves by metadata");
+  bool const isOrderGood = TellOrderStory(std::cout, KESTXML_DEMO_ORDER);
+  PrintTitle("The languages of the world, in classes that read and write themselves");
+  return ShowLanguages() && isOrderGood;
+}
+
+bool IsOrder(std::filesystem::path const& file) {
+  CXmlDocument document;
+  document.Load(file.u16string().c_str());
+  return document.GetDocumentElement()->GetLocalName() == u"order";
+}
+
+bool ShowFile(std::filesystem::path const& file) {
+  return IsOrder(file) ? ShowOrder(std::cout, file) : Show<CAnyElement>(file);
+}
+
 }  // namespace
 }  // namespace KestDemo
 
 int main(int argc, char** argv) {
   KestXmlLib20::Register(20, 0);
   try {
-    bool const isGood =
-        argc > 1 ? KestDemo::Show<KestDemo::CAnyElement>(argv[1]) : KestDemo::ShowLanguages();
+    bool const isGood = argc > 1 ? KestDemo::ShowFile(argv[1]) : KestDemo::ShowExamples();
     return isGood ? 0 : 1;
   } catch (KestXmlLib20::CKestException const& failure) {
     std::cerr << failure << '\n';
