@@ -2,6 +2,7 @@
 
 #include <cstdlib>
 #include <initializer_list>
+#include <optional>
 #include <utility>
 
 #include "kestxml/binding/metadata/attribute_info.h"
@@ -106,7 +107,15 @@ void Access(std::int32_t& member, bool read, KestVariant& value) {
   }
 }
 
-// To the tenth and hundredth, as the schema's decimals have them.
+// An unset one leaves the variant without a kind.
+void Access(std::optional<double>& member, bool read, KestVariant& value) {
+  if (!read) {
+    member = value.GetR8();
+  } else if (member) {
+    value.SetR8(*member);
+  }
+}
+
 void Access(double& member, bool read, KestVariant& value) {
   if (read) {
     value.SetR8(member);
@@ -130,7 +139,7 @@ CXmlElement* COrdersCollection<Item>::FromXml_Int(CXmlElement*, CXmlElement* chi
                                                   CSerializationContext const& context, bool) {
   std::u16string const name = GetElementName();
   for (; child; child = child->GetNextSiblingElement()) {
-    if (child->GetLocalName() != name || child->GetNamespaceURI() != kOrdersNamespace) break;
+    if (!DoesElementNameMatch(context, child, name.c_str(), kOrdersNamespace)) break;
     CSmartPtr<Item> item(new Item);
     CXmlObjectBase::FromXml_Int(item.Get(), child, child->GetFirstElement(), context, false);
     AppendItem(item.Get());
@@ -159,7 +168,7 @@ void CItem::Init() {
   m_name.clear();
   m_price = 0;
   m_quantity = 0;
-  m_discount.Clear();
+  m_discount.reset();
   m_sku.clear();
   m_qty = 0;
 }
@@ -173,8 +182,7 @@ void CItem::AccessProperty(std::int32_t propertyIndex, bool read, KestVariant& v
     case 2:
       return Access(m_quantity, read, value);
     case 3:
-      (read ? value : m_discount) = read ? m_discount : value;
-      return;
+      return Access(m_discount, read, value);
     case 4:
       return Access(m_sku, read, value);
     case 5:

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 
 #include "kestxml/binding/xml_generated_class.h"
@@ -21,16 +22,17 @@ using KestXmlLib20::CXmlWriter;
 using KestXmlLib20::KestVariant;
 
 inline constexpr char16_t kOrdersNamespace[] = u"urn:example:orders";
+inline constexpr std::u16string_view kOrdersNamespaceView = kOrdersNamespace;
 
 /// What the three classes share: their namespace.
 class COrdersClass : public KestXmlLib20::CXmlGeneratedClass {
  public:
   using CXmlObjectBase::GetBase;
   CXmlObjectBase* GetBase() override { return this; }
-  std::u16string_view GetNamespace() const override { return kOrdersNamespace; }
+  std::u16string_view GetNamespace() const override { return kOrdersNamespaceView; }
 
  protected:
-  std::u16string_view GetTargetNamespace() const override { return kOrdersNamespace; }
+  std::u16string_view GetTargetNamespace() const override { return kOrdersNamespaceView; }
 };
 
 class CItem : public COrdersClass {
@@ -46,7 +48,7 @@ class CItem : public COrdersClass {
   std::u16string m_name;
   double m_price = 0;
   std::int32_t m_quantity = 0;
-  KestVariant m_discount;  // optional
+  std::optional<double> m_discount;
   std::u16string m_sku;
   std::int32_t m_qty = 0;
 };

@@ -6,19 +6,6 @@
 namespace KestXmlLib20 {
 namespace {
 
-bool HasAny(CPrimitiveRestrictions const& facets) {
-  for (auto const* text :
-       {&facets.GetPattern(), &facets.GetMinInclusive(), &facets.GetMaxInclusive(),
-        &facets.GetMinExclusive(), &facets.GetMaxExclusive()}) {
-    if (!text->empty()) return true;
-  }
-  for (auto const number : {facets.GetMinLength(), facets.GetMaxLength(), facets.GetLength(),
-                            facets.GetTotalDigits(), facets.GetFractionDigits()}) {
-    if (number >= 0) return true;
-  }
-  return false;
-}
-
 // What an event carries is not constant, since that of other collections is an object.
 void* DataOf(void const* value) {
   return const_cast<void*>(value);
@@ -38,8 +25,7 @@ CXmlTypeCollection::CXmlTypeCollection(
                      maxExclusive, length, totalDigits, fractionDigits),
       m_itemType(itemType),
       m_formatOverride(format ? format : u""),
-      m_whitespaceRule(whitespaceRule),
-      m_hasFacets(HasAny(m_restrictions)) {}
+      m_whitespaceRule(whitespaceRule) {}
 
 CXmlTypeCollection::~CXmlTypeCollection() = default;
 

@@ -64,7 +64,7 @@ class KESTXML_API CXmlTypeCollection : public CXmlCollectionBase {
   void EndRemove();
 
   /// False where a check would allow every value.
-  bool HasFacets() const { return m_hasFacets; }
+  bool HasFacets() const { return !m_restrictions.IsEmpty(); }
   /// @throws CKestException when the facets do not allow @p value.
   void CheckFacets(KestVariant const& value) const;
 
@@ -82,7 +82,6 @@ class KESTXML_API CXmlTypeCollection : public CXmlCollectionBase {
   ItemType m_itemType;
   std::u16string m_formatOverride;
   CWhitespaceUtils::WhitespaceRule m_whitespaceRule;
-  bool m_hasFacets;
 };
 
 }  // namespace KestXmlLib20

@@ -1,5 +1,6 @@
 #include "kestxml/values/primitive_restrictions.h"
 
+#include <algorithm>
 #include <array>
 #include <concepts>
 #include <optional>
@@ -228,6 +229,7 @@ struct AsReal {
 // reason than itself.
 template <typename OfKind, typename Facets, typename Report>
 void Check(Name name, KestVariant const& variant, Restrictions const& restrictions) {
+  if (restrictions.IsEmpty()) return;
   auto const& value = OfKind::Get(variant);
   bool allowed = false;
   try {
@@ -339,7 +341,9 @@ CPrimitiveRestrictions::CPrimitiveRestrictions(char16_t const* pattern, std::int
       m_maxExclusive(OrEmpty(maxExclusive)),
       m_length(length),
       m_totalDigits(totalDigits),
-      m_fractionDigits(fractionDigits) {}
+      m_fractionDigits(fractionDigits),
+      m_isEmpty(m_pattern.empty() && !HasBounds(*this) &&
+                std::max({minLength, maxLength, length, totalDigits, fractionDigits}) < 0) {}
 
 void CheckPrimitiveRestriction(char16_t const* name, KestVariant const& value, ItemType type,
                                CPrimitiveRestrictions const& restrictions) {

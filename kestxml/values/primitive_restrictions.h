@@ -79,6 +79,9 @@ class KESTXML_API CPrimitiveRestrictions {
   std::int32_t GetTotalDigits() const { return m_totalDigits; }
   std::int32_t GetFractionDigits() const { return m_fractionDigits; }
 
+  /// Whether no facet is set, so that any value passes.
+  bool IsEmpty() const { return m_isEmpty; }
+
   /// For the check of bounds alone.
   internal::DerivedBounds const& GetDerivedBounds() const { return m_derivedBounds; }
 
@@ -93,6 +96,7 @@ class KESTXML_API CPrimitiveRestrictions {
   std::int32_t m_length = -1;
   std::int32_t m_totalDigits = -1;
   std::int32_t m_fractionDigits = -1;
+  bool m_isEmpty = true;
   internal::DerivedBounds m_derivedBounds;
 };
 

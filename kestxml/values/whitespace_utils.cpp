@@ -18,12 +18,22 @@ bool IsPairAt(Text text, std::size_t at) {
   return text[at] == u'\r' && at + 1 < text.size() && text[at + 1] == u'\n';
 }
 
+// Without an end before the last unit, so that many units can be looked at in one step.
+template <typename Is>
+bool Holds(Text text, Is is) {
+  bool holds = false;
+  for (char16_t const unit : text) holds |= is(unit);
+  return holds;
+}
+
 // Whether a rule may find something in the text: whitespace or a null unit. Most values, such as
 // numbers, hold nothing of the kind.
 bool HoldsBlankOrControl(Text text) {
-  bool holds = false;
-  for (char16_t const unit : text) holds |= unit <= u' ';
-  return holds;
+  return Holds(text, [](char16_t unit) { return unit <= u' '; });
+}
+
+bool HoldsCarriageReturn(Text text) {
+  return Holds(text, [](char16_t unit) { return unit == u'\r'; });
 }
 
 Text UntilNull(Text text) {
@@ -49,7 +59,7 @@ std::size_t FindUncollapsed(Text text) {
 // fills the buffer.
 
 Text PreserveInto(Text text, std::u16string& buffer) {
-  if (GetPreserveCharacterRefCR() || text.find(u'\r') == Text::npos) return text;
+  if (!HoldsCarriageReturn(text) || GetPreserveCharacterRefCR()) return text;
   Text const body = UntilNull(text);
   buffer.clear();
   buffer.reserve(body.size());

@@ -21,14 +21,17 @@ constexpr std::array<double, kMostDigits + 1 - kLeastExponent> kPowers = {
     1e-4, 1e-3, 1e-2, 1e-1, 1e0,  1e1,  1e2,  1e3,  1e4,  1e5, 1e6,
     1e7,  1e8,  1e9,  1e10, 1e11, 1e12, 1e13, 1e14, 1e15, 1e16};
 
+constexpr std::size_t kPowerCount = 20;  // 10^19 still fits into 64 bits
+
 template <typename T>
-constexpr std::array<T, 22> PowersOf(T base) {
-  std::array<T, 22> powers = {1};
+constexpr std::array<T, kPowerCount> PowersOf(T base) {
+  std::array<T, kPowerCount> powers = {1};
   for (std::size_t i = 1; i < powers.size(); ++i) powers[i] = powers[i - 1] * base;
   return powers;
 }
 
 constexpr auto kFives = PowersOf<std::uint64_t>(5);
+constexpr auto kTens = PowersOf<std::uint64_t>(10);
 
 // The integer next to magnitude * 10^power; a tie goes to the even one. The product is exact: 53
 // bits of the magnitude and at most 49 of the power of five.
@@ -47,6 +50,13 @@ std::uint64_t ScaleAndRound(double magnitude, int power) {
   return static_cast<std::uint64_t>(whole) + (up ? 1 : 0);
 }
 
+// Takes the zeros off the end of a number of at most 17 digits that is not 0.
+void StripZeros(std::uint64_t& number) {
+  for (std::uint64_t const power : {kTens[8], kTens[4], kTens[2], kTens[1], kTens[1]}) {
+    if (number % power == 0) number /= power;
+  }
+}
+
 }  // namespace
 
 char* PrintFixedReal(double value, int digits, char* to) {
@@ -56,11 +66,11 @@ char* PrintFixedReal(double value, int digits, char* to) {
   if (!(magnitude >= kPowers.front()) || exponent >= digits) return nullptr;
 
   std::uint64_t number = ScaleAndRound(magnitude, digits - 1 - exponent);
-  char text[kMostDigits + 3];
-  int count = static_cast<int>(std::to_chars(text, std::end(text), number).ptr - text);
-  exponent += count - digits;  // rounding may have made one digit more
+  if (number == kTens[static_cast<std::size_t>(digits)]) ++exponent;
   if (exponent >= digits) return nullptr;
-  while (text[count - 1] == '0') --count;
+  StripZeros(number);
+  char text[kMostDigits];
+  int const count = static_cast<int>(std::to_chars(text, std::end(text), number).ptr - text);
 
   if (value < 0) *to++ = '-';
   if (exponent < 0) {
