@@ -66,15 +66,25 @@ CBigInteger::CBigInteger(double value) : m_sign(value < 0 ? -1 : 1) {
 
 CBigInteger::CBigInteger(CDecimal const& value) : CBigInteger(value.ToBigInteger()) {}
 
+void CBigInteger::Parse(char16_t const* text) {
+  ParseWhole(text ? Text(text) : Text());
+}
+
 void CBigInteger::Parse(Text text) {
-  text = text.substr(0, text.find(u'\0'));
-  if (!std::all_of(text.begin(), text.end(), IsIntegerUnit)) {
+  ParseWhole(text.substr(0, text.find(u'\0')));
+}
+
+// The text holds no null unit.
+void CBigInteger::ParseWhole(Text text) {
+  Text const number = WithoutBlanks(text);
+  Text const digits = DigitsAtTheEnd(number);
+  Text const front = number.substr(0, number.size() - digits.size());
+  if (!std::all_of(front.begin(), front.end(), IsIntegerUnit)) {
     *this = CDecimal(text).ToBigInteger();
     return;
   }
-  text = WithoutBlanks(text);
-  m_sign = text.starts_with(u'-') ? -1 : 1;
-  m_magnitude = text.empty() ? Magnitude() : internal::ReadDigits(DigitsAtTheEnd(text));
+  m_sign = front.starts_with(u'-') ? -1 : 1;
+  internal::ReadDigits(number.empty() ? u"0" : digits, m_magnitude);
 }
 
 std::u16string CBigInteger::ToString() const {
@@ -118,6 +128,10 @@ CBigInteger CBigInteger::Quotient(CBigInteger const& divisor) const {
 CBigInteger CBigInteger::Remainder(CBigInteger const& divisor) const {
   if (m_magnitude == Magnitude()) return {};
   return {m_sign, internal::Divide(m_magnitude, divisor.m_magnitude).remainder};
+}
+
+bool CBigInteger::IsNegative() const {
+  return m_sign == -1 && !internal::IsZero(m_magnitude);
 }
 
 bool CBigInteger::IsPositive() const {

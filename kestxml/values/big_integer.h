@@ -62,7 +62,7 @@ class KESTXML_API CBigInteger {
   /// u"12 34" is 34 and u"12\t" is 0. Empty text is 0; so are a null pointer and text without a
   /// digit. Any other text, such as u"12.9" and u"1E3", is read as a CDecimal and rounded.
   /// @throws CKestInvalidValueException as CDecimal::Parse does; the value is then unchanged.
-  void Parse(char16_t const* text) { Parse(text ? std::u16string_view(text) : u""); }
+  void Parse(char16_t const* text);
   /// The text ends at its first null unit, if it has one.
   void Parse(std::u16string_view text);
 
@@ -167,10 +167,12 @@ class KESTXML_API CBigInteger {
   static std::int32_t Opposite(std::int32_t sign) {
     return static_cast<std::int32_t>(0 - static_cast<std::uint32_t>(sign));
   }
+  void ParseWhole(std::u16string_view text);
   CBigInteger Sum(std::int32_t otherSign, CBigInteger const& other) const;
   CBigInteger Quotient(CBigInteger const& divisor) const;
   CBigInteger Remainder(CBigInteger const& divisor) const;
   bool IsPositive() const;
+  bool IsNegative() const;
   std::int64_t ToWrapped64() const;
 
   internal::Magnitude m_magnitude;

@@ -17,7 +17,9 @@ using Digits = std::vector<std::uint16_t>;
 Magnitude ToMagnitude(Digits const& digits) {
   std::u16string text(digits.rbegin(), digits.rend());
   for (char16_t& unit : text) unit = static_cast<char16_t>(u'0' + unit % 10);
-  return internal::ReadDigits(text);
+  Magnitude number;
+  internal::ReadDigits(text, number);
+  return number;
 }
 
 Digits ToDigits(Magnitude const& number) {

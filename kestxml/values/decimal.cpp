@@ -57,12 +57,24 @@ CDecimal::CDecimal(double value) {
 CDecimal::CDecimal(CBigInteger integer, CBigInteger fraction, int divider)
     : m_integer(std::move(integer)), m_fraction(std::move(fraction)), m_divider(divider) {}
 
+void CDecimal::Parse(char16_t const* text) {
+  ParseWhole(text ? std::u16string_view(text) : std::u16string_view());
+}
+
 void CDecimal::Parse(std::u16string_view text) {
-  internal::DecimalText parsed = internal::ParseDecimalText(text);
-  int const sign = parsed.isNegative ? -1 : 1;
-  m_integer = CBigInteger(sign, std::move(parsed.integer));
-  m_fraction = CBigInteger(sign, std::move(parsed.fraction));
-  m_divider = std::max(parsed.places, 1);
+  ParseWhole(text.substr(0, text.find(u'\0')));
+}
+
+// The text holds no null unit.
+void CDecimal::ParseWhole(std::u16string_view text) {
+  internal::DecimalText const parsed = internal::ParseDecimalText(text);
+  auto const read = [&](std::u16string_view digits, CBigInteger& part) {
+    internal::ReadDigits(digits.empty() ? u"0" : digits, part.m_magnitude);
+    part.m_sign = parsed.isNegative ? -1 : 1;
+  };
+  read(parsed.integer.Get(), m_integer);
+  read(parsed.fraction.Get(), m_fraction);
+  m_divider = std::max(static_cast<int>(parsed.fraction.Get().size()), 1);
   if (parsed.hasExponent) {
     CDecimal const power(PowerOf10(parsed.exponent));
     *this = parsed.isExponentNegative ? *this / power : *this * power;
@@ -116,19 +128,19 @@ void CDecimal::ChangeFractionalDivider(int places) {
   }
 }
 
-// Gives both parts the same sign.
+// Gives both parts the same sign. A part that is zero agrees with any: by its order, a negative
+// zero would be below zero, and the sum wrong.
 void CDecimal::AlignSigns() {
-  CBigInteger const zero;
   CBigInteger const one(1);
-  if (m_integer > zero && m_fraction < zero) {
+  if (m_integer.IsPositive() && m_fraction.IsNegative()) {
     m_fraction += PowerOf10(m_divider);
     m_integer -= one;
   }
-  if (m_integer < zero && m_fraction > zero) {
+  if (m_integer.IsNegative() && m_fraction.IsPositive()) {
     m_fraction -= PowerOf10(m_divider);
     m_integer += one;
   }
-  if (m_integer == zero) m_integer.m_sign = m_fraction.m_sign;
+  if (m_integer == CBigInteger()) m_integer.m_sign = m_fraction.m_sign;
 }
 
 // The fraction in more places than it has.
@@ -230,7 +242,7 @@ std::u16string CDecimal::PrintParts() const {
 }
 
 std::u16string CDecimal::ToString() const {
-  return m_fraction == CBigInteger() ? m_integer.ToString() : PrintParts();
+  return internal::IsZero(m_fraction.m_magnitude) ? m_integer.ToString() : PrintParts();
 }
 
 std::u16string CDecimal::ToString(int places) const {

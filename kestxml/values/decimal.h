@@ -43,7 +43,7 @@ class KESTXML_API CDecimal {
   /// empty text and a null pointer do.
   /// @throws CKestInvalidValueException on the first character out of place, with its position; and
   ///   on the exponent of a number of more than 1,000 digits before or behind the point.
-  void Parse(char16_t const* text) { Parse(text ? std::u16string_view(text) : u""); }
+  void Parse(char16_t const* text);
   /// The text ends at its first null unit, if it has one.
   void Parse(std::u16string_view text);
 
@@ -110,6 +110,7 @@ class KESTXML_API CDecimal {
  private:
   CDecimal(CBigInteger integer, CBigInteger fraction, int divider);
 
+  void ParseWhole(std::u16string_view text);
   static CDecimal FromUnscaled(CBigInteger const& value, int places);
   CBigInteger GetUnscaled(int places) const;
   CBigInteger GetFractionAt(int places) const;

@@ -5,7 +5,10 @@
 namespace KestXmlLib20::internal {
 
 bool Magnitude::operator==(Magnitude const& other) const {
-  return std::equal(Data(), Data() + m_size, other.Data(), other.Data() + other.m_size);
+  if (m_size != other.m_size) return false;
+  std::uint32_t same = 0;
+  while (same < m_size && (*this)[same] == other[same]) ++same;
+  return same == m_size;
 }
 
 void Magnitude::Grow(std::size_t size) {

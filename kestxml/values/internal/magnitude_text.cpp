@@ -1,6 +1,5 @@
 #include "kestxml/values/internal/magnitude_text.h"
 
-#include <algorithm>
 #include <array>
 
 namespace KestXmlLib20::internal {
@@ -45,29 +44,23 @@ char16_t* WriteLimb(Limb limb, char16_t* end) {
 
 }  // namespace
 
-Magnitude ReadDigits(std::u16string_view digits) {
-  Magnitude number;
-  std::size_t const zeros = std::min(digits.find_first_not_of(u'0'), digits.size());
-  if (zeros == digits.size()) {
-    number.Resize(digits.empty() ? 0 : 1);
-    return number;
-  }
-  digits.remove_prefix(zeros);
+void ReadDigits(std::u16string_view digits, Magnitude& number) {
+  while (digits.size() > 1 && digits.front() == u'0') digits.remove_prefix(1);
   number.Resize((digits.size() + kLimbDigits - 1) / kLimbDigits);
   char16_t const* end = digits.data() + digits.size();
   Limb* limb = number.Data();
   for (; end - digits.data() > static_cast<std::ptrdiff_t>(kLimbDigits); end -= kLimbDigits) {
     *limb++ = ReadLimb(end - kLimbDigits, end);
   }
-  *limb = ReadLimb(digits.data(), end);
-  return number;
+  if (!digits.empty()) *limb = ReadLimb(digits.data(), end);
 }
 
 std::size_t CountDigits(Magnitude const& number) {
   if (number.Size() == 0) return 0;
-  std::size_t digits = (number.Size() - 1) * kLimbDigits + 1;
-  for (Limb top = number[number.Size() - 1]; top >= 10; top /= 10) ++digits;
-  return digits;
+  Limb const top = number[number.Size() - 1];
+  std::size_t digits = 1;
+  for (Limb power = 10; digits < kLimbDigits && top >= power; power *= 10) ++digits;
+  return (number.Size() - 1) * kLimbDigits + digits;
 }
 
 void WriteDigits(Magnitude const& number, char16_t* end) {

@@ -8,8 +8,8 @@
 
 namespace KestXmlLib20::internal {
 
-/// @p digits holds nothing else; without any the number has none either.
-Magnitude ReadDigits(std::u16string_view digits);
+/// Replaces @p number. @p digits holds nothing else; without any the number has none either.
+void ReadDigits(std::u16string_view digits, Magnitude& number);
 
 /// Without leading zeros: 1 for zero, 0 for a number without digits.
 std::size_t CountDigits(Magnitude const& number);
