@@ -1,7 +1,7 @@
 #include "kestxml/document/xml_writer.h"
 
 #include "kestxml/binding/serialization_limits.h"
-#include "kestxml/document/internal/namespace_scope.h"
+#include "kestxml/document/internal/namespace_scopes.h"
 #include "kestxml/document/internal/same_text.h"
 #include "kestxml/document/xml_namespaces.h"
 #include "kestxml/document/xml_writer_context.h"
@@ -10,27 +10,8 @@
 namespace KestXmlLib20 {
 namespace {
 
-constexpr std::size_t kLetters = 26;
-
-// The first unit runs on beyond Z: there is no last alias.
-std::u16string AliasOfNumber(std::size_t number) {
-  return {static_cast<char16_t>(u'A' + number / kLetters),
-          static_cast<char16_t>(u'A' + number % kLetters)};
-}
-
-constexpr std::size_t kNoAlias = static_cast<std::size_t>(-1);
-
-// The number whose alias @p prefix is.
-std::size_t NumberOfAlias(std::u16string_view prefix) {
-  if (prefix.size() != 2 || prefix[0] < u'A' || prefix[1] < u'A' || prefix[1] > u'Z') {
-    return kNoAlias;
-  }
-  return static_cast<std::size_t>(prefix[0] - u'A') * kLetters +
-         static_cast<std::size_t>(prefix[1] - u'A');
-}
-
 // A copy of @p text that lies in @p storage, which grows and never shrinks.
-inline std::u16string_view Store(std::u16string_view text, std::u16string& storage) {
+std::u16string_view Store(std::u16string_view text, std::u16string& storage) {
   if (text.size() > storage.size()) storage.resize(text.size());
   std::char_traits<char16_t>::move(storage.data(), text.data(), text.size());
   return {storage.data(), text.size()};
@@ -41,9 +22,9 @@ inline std::u16string_view Store(std::u16string_view text, std::u16string& stora
 CXmlWriter::CXmlWriterContext::CXmlWriterContext() = default;
 CXmlWriter::CXmlWriterContext::~CXmlWriterContext() = default;
 
-inline void CXmlWriter::CXmlWriterContext::Begin(CXmlWriterContext* parent,
-                                                 std::u16string_view localName,
-                                                 std::u16string_view uri) {
+void CXmlWriter::CXmlWriterContext::Begin(CXmlWriterContext* parent, std::u16string_view localName,
+                                          std::u16string_view uri,
+                                          std::u16string_view defaultNamespace) {
   m_childCount = 0;
   m_startTagOpen = true;
   m_depth = parent ? parent->m_depth + 1 : 0;
@@ -51,20 +32,13 @@ inline void CXmlWriter::CXmlWriterContext::Begin(CXmlWriterContext* parent,
   m_arrayState = 0;
   m_localName = Store(localName, m_nameStorage);
   m_pParent = parent;
-  if (parent) {
-    m_pOwnScope.reset();
-    m_pScope = parent->m_pScope;
-  }
-  std::u16string_view const inForce = m_pScope->GetDefaultNamespace();
-  m_namespaceURI = internal::IsSameText(uri, inForce) ? inForce : Store(uri, m_uriStorage);
+  m_namespaceURI =
+      internal::IsSameText(uri, defaultNamespace) ? defaultNamespace : Store(uri, m_uriStorage);
 }
 
-// To be called before the default namespace changes that m_namespaceURI may be a view of.
-inline void CXmlWriter::CXmlWriterContext::KeepURI() {
-  m_namespaceURI = Store(m_namespaceURI, m_uriStorage);
-}
-
-CXmlWriter::CXmlWriter() : m_maxDepth(CSerializationLimits().GetMaxDepth()) {
+CXmlWriter::CXmlWriter()
+    : m_scopes(std::make_unique<internal::NamespaceScopes>()),
+      m_maxDepth(CSerializationLimits().GetMaxDepth()) {
   m_namespaces.emplace(kXmlNamespace, u"xml");
 }
 
@@ -77,14 +51,11 @@ void CXmlWriter::CloseWriter() {
 }
 
 void CXmlWriter::SetDefaultNamespace(std::u16string_view uri) {
-  if (!m_pCurrentContext) {
+  if (m_pCurrentContext) {
+    m_scopes->SetDefault(m_pCurrentContext->m_level, uri);
+  } else {
     m_defaultNamespace = uri;
-    return;
   }
-  CXmlWriterContext& current = *m_pCurrentContext;
-  GiveOwnScope(current, false);
-  for (auto* context = &current; context; context = NextContext(*context)) context->KeepURI();
-  current.m_pScope->SetDefaultNamespace(uri);
 }
 
 void CXmlWriter::AddNamespace(std::u16string_view alias, std::u16string_view uri) {
@@ -104,65 +75,56 @@ CXmlWriter::CXmlWriterContext* CXmlWriter::CreateContext(std::u16string_view loc
     m_contexts.push_back(std::make_unique<CXmlWriterContext>());
     m_contexts.back()->m_level = level;
   }
-  CXmlWriterContext& context = *m_contexts[level];
-  if (!m_pCurrentContext) {
-    context.m_pOwnScope =
-        std::make_unique<internal::NamespaceScope>(m_defaultNamespace, m_namespaces);
-    context.m_pScope = context.m_pOwnScope.get();
+  if (level == 0) {
+    m_scopes->Begin(m_defaultNamespace, m_namespaces);
+  } else {
+    m_scopes->End(level);  // what came with a context that never became current
   }
-  context.Begin(m_pCurrentContext, localName, uri);
-  return &context;
+  m_contexts[level]->Begin(m_pCurrentContext, localName, uri, m_scopes->GetDefault(level));
+  return m_contexts[level].get();
 }
 
 void CXmlWriter::EndContext() {
   CXmlWriterContext& ended = RequireOpenElement();
   m_pCurrentContext = ended.m_pParent;
   ended.m_pParent = nullptr;
-  ended.m_pOwnScope.reset();
+  m_scopes->End(ended.m_level);
 }
 
-CXmlWriter::NamespaceMap const& CXmlWriter::GetEffectiveNamespaces(
-    CXmlWriterContext const& context) {
-  return context.m_pScope->GetNamespaces();
+CXmlWriter::NamespaceMap CXmlWriter::GetEffectiveNamespaces(
+    CXmlWriterContext const& context) const {
+  return m_scopes->GetNamespaces(context.m_level);
 }
 
-std::u16string const& CXmlWriter::GetEffectiveDefaultNamespace(CXmlWriterContext const& context) {
-  return context.m_pScope->GetDefaultNamespace();
+std::u16string const& CXmlWriter::GetEffectiveDefaultNamespace(
+    CXmlWriterContext const& context) const {
+  return m_scopes->GetDefault(context.m_level);
 }
 
-void CXmlWriter::AddContextNamespace(CXmlWriterContext& context, std::u16string_view uri,
+void CXmlWriter::AddContextNamespace(CXmlWriterContext const& context, std::u16string_view uri,
                                      std::u16string_view alias) {
-  GiveOwnScope(context, true);
-  context.m_pScope->SetPrefix(uri, alias);
+  m_scopes->SetPrefix(context.m_level, uri, alias);
 }
 
-std::u16string CXmlWriter::GenerateAlias(NamespaceMap const& namespaces) {
-  // One of the first size + 1 aliases is free, so later ones need no note.
-  std::vector<bool> isUsed(namespaces.size() + 1);
-  for (auto const& [uri, prefix] : namespaces) {
-    std::size_t const number = NumberOfAlias(prefix);
-    if (number < isUsed.size()) isUsed[number] = true;
-  }
-  std::size_t number = 0;
-  while (isUsed[number]) ++number;
-  return AliasOfNumber(number);
+std::u16string CXmlWriter::GenerateAlias() const {
+  return m_scopes->FirstFreeAlias();
 }
 
 std::u16string const* CXmlWriter::FindPrefix(CXmlWriterContext const& context,
-                                             std::u16string_view uri) {
-  return context.m_pScope->FindPrefix(uri);
+                                             std::u16string_view uri) const {
+  return m_scopes->FindPrefix(context.m_level, uri);
 }
 
-CXmlWriter::Prefix CXmlWriter::FindOrAddPrefix(CXmlWriterContext& context,
+CXmlWriter::Prefix CXmlWriter::FindOrAddPrefix(CXmlWriterContext const& context,
                                                std::u16string_view uri) {
   if (auto const* const prefix = FindPrefix(context, uri)) return {*prefix, false};
-  AddContextNamespace(context, uri, GenerateAlias(GetEffectiveNamespaces(context)));
+  AddContextNamespace(context, uri, GenerateAlias());
   return {*FindPrefix(context, uri), true};
 }
 
-bool CXmlWriter::NeedsPrefix(CXmlWriterContext const& context) {
+bool CXmlWriter::NeedsPrefix(CXmlWriterContext const& context) const {
   std::u16string_view const uri = context.m_namespaceURI;
-  std::u16string_view const inForce = context.m_pScope->GetDefaultNamespace();
+  std::u16string_view const inForce = GetEffectiveDefaultNamespace(context);
   if (uri.empty() || uri.data() == inForce.data()) return false;
   return !internal::IsSameText(uri, inForce);
 }
@@ -191,27 +153,6 @@ CXmlWriter::CXmlWriterContext& CXmlWriter::RequireOpenStartTag() const {
     throw CKestException(u"Attributes must be added before elements");
   }
   return *m_pCurrentContext;
-}
-
-// Elements share a scope until one of them changes it.
-void CXmlWriter::GiveOwnScope(CXmlWriterContext& context, bool keepDefault) {
-  if (context.m_pOwnScope) return;
-  internal::NamespaceScope const& shared = *context.m_pScope;
-  context.m_pOwnScope = std::make_unique<internal::NamespaceScope>(
-      keepDefault ? shared.GetDefaultNamespace() : std::u16string(), shared.GetNamespaces());
-  for (auto* heir = &context; heir; heir = NextContext(*heir)) {
-    if (heir != &context && heir->m_pOwnScope) break;
-    heir->m_pScope = context.m_pOwnScope.get();
-  }
-}
-
-// The context that was made in @p context and has not ended, if any. In @p context being current,
-// that is one which a writer has made and not yet made current.
-CXmlWriter::CXmlWriterContext* CXmlWriter::NextContext(CXmlWriterContext const& context) const {
-  std::size_t const level = std::size_t{context.m_level} + 1;
-  if (level >= m_contexts.size()) return nullptr;
-  CXmlWriterContext* const next = m_contexts[level].get();
-  return next->m_pParent == &context ? next : nullptr;
 }
 
 }  // namespace KestXmlLib20

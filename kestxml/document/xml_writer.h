@@ -15,6 +15,10 @@
 
 namespace KestXmlLib20 {
 
+namespace internal {
+class NamespaceScopes;
+}
+
 /// The writer interface and the part that its formats share: the chain of open elements with the
 /// namespaces in force at each, the rule that makes up prefixes, and the limit on depth.
 ///
@@ -93,23 +97,25 @@ class KESTXML_API CXmlWriter : public CInstanceMonitor {
   /// @throws CKestException when none is open.
   void EndContext();
 
-  /// The prefixes in force at @p context.
-  static NamespaceMap const& GetEffectiveNamespaces(CXmlWriterContext const& context);
-  /// The default namespace in force at @p context.
-  static std::u16string const& GetEffectiveDefaultNamespace(CXmlWriterContext const& context);
-  /// Sets the prefix of @p uri for @p context and the elements in it.
-  void AddContextNamespace(CXmlWriterContext& context, std::u16string_view uri,
-                           std::u16string_view alias);
-  /// The first of AA, AB, ... AZ, BA, ... that is no prefix in @p namespaces.
-  static std::u16string GenerateAlias(NamespaceMap const& namespaces);
+  // Of the contexts, these see what holds for each. Changes are for the innermost one: the current
+  // one, or the one that was made in it.
 
-  /// The prefix of @p uri at @p context, null when it has none. Valid until the map changes.
-  static std::u16string const* FindPrefix(CXmlWriterContext const& context,
-                                          std::u16string_view uri);
+  /// A copy of the prefixes in force at @p context. FindPrefix looks for one without it.
+  NamespaceMap GetEffectiveNamespaces(CXmlWriterContext const& context) const;
+  /// The default namespace in force at @p context.
+  std::u16string const& GetEffectiveDefaultNamespace(CXmlWriterContext const& context) const;
+  /// Sets the prefix of @p uri for @p context and the elements in it.
+  void AddContextNamespace(CXmlWriterContext const& context, std::u16string_view uri,
+                           std::u16string_view alias);
+  /// The first of AA, AB, ... AZ, BA, ... that is no prefix at the innermost context.
+  std::u16string GenerateAlias() const;
+
+  /// The prefix of @p uri at @p context, null when it has none. Valid until a prefix is set.
+  std::u16string const* FindPrefix(CXmlWriterContext const& context, std::u16string_view uri) const;
   /// The same, with a generated prefix added to @p context when there is none.
-  Prefix FindOrAddPrefix(CXmlWriterContext& context, std::u16string_view uri);
+  Prefix FindOrAddPrefix(CXmlWriterContext const& context, std::u16string_view uri);
   /// Whether the element's name takes a prefix: its URI is neither empty nor the default namespace.
-  static bool NeedsPrefix(CXmlWriterContext const& context);
+  bool NeedsPrefix(CXmlWriterContext const& context) const;
   /// Whether no declaration is written for @p uri. Any URI that begins with that of the prefix xml
   /// counts.
   static bool IsNeverDeclared(std::u16string_view uri);
@@ -129,10 +135,8 @@ class KESTXML_API CXmlWriter : public CInstanceMonitor {
   NamespaceMap m_namespaces;
 
  private:
-  void GiveOwnScope(CXmlWriterContext& context, bool keepDefault);
-  CXmlWriterContext* NextContext(CXmlWriterContext const& context) const;
-
   std::vector<std::unique_ptr<CXmlWriterContext>> m_contexts;  // by level, for use again
+  std::unique_ptr<internal::NamespaceScopes> m_scopes;         // of the open elements
   std::uint32_t m_maxDepth;
 };
 

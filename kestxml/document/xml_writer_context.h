@@ -2,7 +2,6 @@
 #pragma once
 
 #include <cstdint>
-#include <memory>
 #include <string>
 #include <string_view>
 
@@ -11,10 +10,6 @@
 #include "kestxml/values/instance_monitor.h"
 
 namespace KestXmlLib20 {
-
-namespace internal {
-class NamespaceScope;
-}
 
 /// One element that was started and has not ended. The writer makes it, and owns it.
 class KESTXML_API CXmlWriter::CXmlWriterContext : public CInstanceMonitor {
@@ -40,8 +35,8 @@ class KESTXML_API CXmlWriter::CXmlWriterContext : public CInstanceMonitor {
  private:
   friend class CXmlWriter;
 
-  void Begin(CXmlWriterContext* parent, std::u16string_view localName, std::u16string_view uri);
-  void KeepURI();
+  void Begin(CXmlWriterContext* parent, std::u16string_view localName, std::u16string_view uri,
+             std::u16string_view defaultNamespace);
 
   std::u16string m_nameStorage;
   std::u16string m_uriStorage;
@@ -49,8 +44,6 @@ class KESTXML_API CXmlWriter::CXmlWriterContext : public CInstanceMonitor {
   std::u16string_view m_namespaceURI;      // of m_uriStorage, or of the default namespace in force
   CXmlWriterContext* m_pParent = nullptr;  // set as long as the element is open; null for a root
   std::uint32_t m_level = 0;               // how many elements it lies in
-  internal::NamespaceScope* m_pScope = nullptr;  // in force here: its own or an ancestor's
-  std::unique_ptr<internal::NamespaceScope> m_pOwnScope;
 };
 
 }  // namespace KestXmlLib20

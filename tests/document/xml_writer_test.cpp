@@ -2,6 +2,7 @@
 #include "kestxml/document/xml_writer.h"
 
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 
 #include "kestxml/document/xml_writer_context.h"
 #include "kestxml/values/format_string.h"
@@ -17,6 +18,7 @@ class BareWriter : public CXmlWriter {
   using CXmlWriter::CreateContext;
   using CXmlWriter::FindPrefix;
   using CXmlWriter::GenerateAlias;
+  using CXmlWriter::GetEffectiveNamespaces;
   using CXmlWriter::NeedsPrefix;
 
   void WriteComment(std::u16string_view) override {}
@@ -38,6 +40,10 @@ class BareWriter : public CXmlWriter {
     return prefix ? *prefix : u"(none)";
   }
 };
+
+std::u16string URI(int number) {
+  return u"urn:" + FormatString(u"%d", number);
+}
 
 std::vector<std::u16string> FirstAliases(int count) {
   std::vector<std::u16string> aliases;
@@ -66,12 +72,45 @@ TEST(XmlWriter, GeneratesTheFirstAliasThatIsFree) {
   // clang-format on
   for (auto const& row : rows) {
     SCOPED_TRACE(row.name);
-    CXmlWriter::NamespaceMap namespaces;
-    for (std::u16string const& prefix : row.used) {
-      namespaces[u"urn:" + FormatString(u"%d", namespaces.size())] = prefix;
-    }
-    EXPECT_EQ(BareWriter::GenerateAlias(namespaces), row.expected);
+    BareWriter writer;
+    int number = 0;
+    for (std::u16string const& prefix : row.used) writer.AddNamespace(prefix, URI(number++));
+    writer.StartElement(u"a", u"");
+    EXPECT_EQ(writer.GenerateAlias(), row.expected);
+    // What comes in an element goes with it, also where it replaces what was there.
+    writer.StartElement(u"b", u"");
+    for (int i = 0; i < 3 * number; ++i) writer.AddNamespace(writer.GenerateAlias(), URI(i));
+    writer.EndElement();
+    EXPECT_EQ(writer.GenerateAlias(), row.expected);
+    EXPECT_EQ(writer.PrefixOf(URI(0)), row.used[0]);
+    EXPECT_EQ(writer.GetEffectiveNamespaces(writer.Current()).size(), row.used.size() + 1);
   }
+}
+
+// Neither an element nor a prefix costs more the more prefixes are in force.
+TEST(XmlWriter, CostFollowsTheNumberOfPrefixesAdded) {
+  constexpr int kPrefixes = 20'000, kLevels = 990;
+  rusage before{}, after{};
+  getrusage(RUSAGE_SELF, &before);
+  BareWriter writer;
+  for (int i = 0; i < kPrefixes; ++i) writer.AddNamespace(u"p" + FormatString(u"%d", i), URI(i));
+  for (int i = 0; i < kLevels; ++i) {
+    writer.StartElement(u"a", u"");
+    writer.AddContextNamespace(writer.Current(), URI(kPrefixes + i), writer.GenerateAlias());
+  }
+  for (int i = 0; i < kPrefixes; ++i) {
+    writer.AddContextNamespace(writer.Current(), URI(-i), writer.GenerateAlias());
+  }
+  for (int i = 0; i < kPrefixes; ++i) {
+    writer.StartElement(u"a", u"");
+    writer.AddContextNamespace(writer.Current(), u"urn:x", writer.GenerateAlias());
+    writer.EndElement();
+  }
+  EXPECT_EQ(writer.PrefixOf(URI(kPrefixes)), u"AA");
+  for (int i = 0; i < kLevels; ++i) writer.EndElement();
+  getrusage(RUSAGE_SELF, &after);
+  EXPECT_LT(after.ru_maxrss - before.ru_maxrss, 100 * 1024) << "KiB; copies would be gigabytes";
+  EXPECT_LT(after.ru_utime.tv_sec - before.ru_utime.tv_sec, 10) << "seconds";
 }
 
 // A writer that holds an element back until it has seen what follows depends on it.
@@ -82,10 +121,10 @@ TEST(XmlWriter, ContextThatIsNotYetCurrentSeesChangesOfItsParent) {
   writer.StartElement(u"a", u"urn:d");
   auto* const pending = writer.CreateContext(u"b", u"urn:d");
   writer.AddNamespace(u"p", u"urn:p");
-  ASSERT_NE(BareWriter::FindPrefix(*pending, u"urn:p"), nullptr);
+  ASSERT_NE(writer.FindPrefix(*pending, u"urn:p"), nullptr);
   writer.SetDefaultNamespace(u"urn:a replacement that is longer");
   EXPECT_EQ(pending->GetNamespaceURI(), u"urn:d");
-  EXPECT_TRUE(BareWriter::NeedsPrefix(*pending));
+  EXPECT_TRUE(writer.NeedsPrefix(*pending));
   writer.AddContextNamespace(*pending, u"urn:q", u"q");
   EXPECT_EQ(writer.PrefixOf(u"urn:q"), u"(none)");
 }
