@@ -33,11 +33,11 @@ std::u16string_view EncodingAttribute(XmlEncoding encoding) {
 
 }  // namespace
 
-inline CStringBuffer& CXmlTextWriter::Buffer() const {
+CStringBuffer& CXmlTextWriter::Buffer() const {
   return m_pStream->GetBuffer();
 }
 
-inline std::u16string_view CXmlTextWriter::TagEndAndMargin(std::int32_t depth) {
+std::u16string_view CXmlTextWriter::TagEndAndMargin(std::int32_t depth) {
   std::size_t length = m_tagEndLength;
   // The depth is open to writers of other formats, which may take it below the root.
   if (m_formatted) length += static_cast<std::size_t>(std::max(depth, 0)) * m_indent.size();
@@ -45,21 +45,21 @@ inline std::u16string_view CXmlTextWriter::TagEndAndMargin(std::int32_t depth) {
   return {m_margin.data(), length};
 }
 
-inline std::u16string_view CXmlTextWriter::Margin(std::int32_t depth) {
+std::u16string_view CXmlTextWriter::Margin(std::int32_t depth) {
   std::u16string_view margin = TagEndAndMargin(depth);
   margin.remove_prefix(m_tagEndLength);
   return margin;
 }
 
-inline std::u16string_view CXmlTextWriter::TagEnd() const {
+std::u16string_view CXmlTextWriter::TagEnd() const {
   return {m_margin.data(), m_tagEndLength};
 }
 
-inline std::u16string_view CXmlTextWriter::LineEnd() const {
+std::u16string_view CXmlTextWriter::LineEnd() const {
   return {m_margin.data() + 1, m_tagEndLength - 1};
 }
 
-inline void CXmlTextWriter::OfferFlush() {
+void CXmlTextWriter::OfferFlush() {
   if (Buffer().GetLength() >= CTextStream::kFlushLength) m_pStream->Flush();
 }
 

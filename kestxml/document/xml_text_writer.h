@@ -63,17 +63,17 @@ class KESTXML_API CXmlTextWriter : public CXmlWriter {
   void WriteNil() override;
 
  private:
-  CStringBuffer& Buffer() const;
+  inline CStringBuffer& Buffer() const;
+  inline std::u16string_view TagEndAndMargin(std::int32_t depth);
+  inline std::u16string_view Margin(std::int32_t depth);
+  inline std::u16string_view TagEnd() const;
+  inline std::u16string_view LineEnd() const;
+  inline void OfferFlush();
   void StartMargin();
-  std::u16string_view TagEndAndMargin(std::int32_t depth);
-  std::u16string_view Margin(std::int32_t depth);
-  std::u16string_view TagEnd() const;
-  std::u16string_view LineEnd() const;
   void AppendRaw(std::u16string_view text);
   void AppendDeclaration(std::u16string_view prefix, std::u16string_view uri);
   void AppendRootDeclarations();
   void AppendEndTag(CXmlWriterContext const& context);
-  void OfferFlush();
 
   bool m_writeDefaultValues = false;
   std::u16string m_indent = u"\t";

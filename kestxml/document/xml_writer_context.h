@@ -35,8 +35,8 @@ class KESTXML_API CXmlWriter::CXmlWriterContext : public CInstanceMonitor {
  private:
   friend class CXmlWriter;
 
-  void Begin(CXmlWriterContext* parent, std::u16string_view localName, std::u16string_view uri,
-             std::u16string_view defaultNamespace);
+  inline void Begin(CXmlWriterContext* parent, std::u16string_view localName,
+                    std::u16string_view uri, std::u16string_view defaultNamespace);
 
   std::u16string m_nameStorage;
   std::u16string m_uriStorage;
