@@ -15,6 +15,9 @@ function(kest_apply_policy target)
   target_compile_features(${target} PUBLIC cxx_std_20)
   target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Wshadow -Wconversion
                                            -Wsign-conversion -Wnon-virtual-dtor -Wold-style-cast)
+  # What the library exports it calls itself without the detour for other libraries' replacements,
+  # and can inline.
+  target_compile_options(${target} PRIVATE -fno-semantic-interposition)
   # GCC 12 finds overlaps inside std::string that can't be (its bug 105651, mended in 13).
   if(CMAKE_CXX_COMPILER_ID STREQUAL GNU AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
     target_compile_options(${target} PRIVATE -Wno-restrict)
