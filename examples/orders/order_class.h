@@ -21,6 +21,10 @@ inline constexpr char16_t kOrderNamespace[] = u"urn:example:purchase-order";
 /// three operations by which the library reaches them: GetTables, AccessProperty and Init.
 class COrderClass : public KestXmlLib20::CXmlGeneratedClass {
  public:
+  // A copy would carry the reference count of its source, and share its objects.
+  COrderClass(COrderClass const&) = delete;
+  COrderClass& operator=(COrderClass const&) = delete;
+
   using CXmlObjectBase::GetBase;
   CXmlObjectBase* GetBase() override { return this; }
   /// The library passes the data() of the view on as a terminated string, so it must be one: give
