@@ -34,7 +34,7 @@ constexpr std::int64_t FloorDivide(std::int64_t count, std::int64_t by) {
 }
 
 constexpr std::int64_t FloorModulo(std::int64_t count, std::int64_t by) {
-  return count - FloorDivide(count, by) * by;
+  return count % by + (count % by < 0 ? by : 0);
 }
 
 }  // namespace KestXmlLib20::internal
