@@ -445,8 +445,8 @@ std::u16string const& KestVariant::GetString() const {
 }
 
 std::u16string KestVariant::TakeString() {
-  bool const isOwn = m_type == ItemType_string && m_value == 0;
-  return isOwn ? std::move(m_text) : GetString();
+  if (m_type == ItemType_string && m_value == 0) return std::move(m_text);
+  return GetString();
 }
 
 CSmartPtr<CXmlObjectBase> KestVariant::GetXmlObject() const {
