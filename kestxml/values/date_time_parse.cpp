@@ -99,9 +99,6 @@ DateFields ReadWithYear(Text body) {
 // The form overrules a type that the value has: a date property takes u"2001" as a year.
 void CDateTime::SetXSDDate(Text text) {
   if (text.empty()) throw CKestInvalidValueException(u"Invalid Date (Empty String)");
-  if (text.find(u'T') != Text::npos) {
-    throw CKestInvalidValueException(u"Invalid Date ('T' not allowed)");
-  }
   std::size_t const zoneLength = LengthOfZone(text);
   Text const body = text.substr(0, text.size() - zoneLength);
   DateFields const fields = body.starts_with(u"--") ? ReadYearless(body) : ReadWithYear(body);
@@ -207,8 +204,12 @@ void CDateTime::ParseXSDDate(char16_t const* text) {
 }
 
 void CDateTime::ParseXSDDate(Text text) {
+  text = internal::UpToNull(text);
+  if (text.find(u'T') != Text::npos) {
+    throw CKestInvalidValueException(u"Invalid Date ('T' not allowed)");
+  }
   Clear();
-  SetXSDDate(internal::UpToNull(text));
+  SetXSDDate(text);
   Validate();
 }
 

@@ -18,17 +18,17 @@ void CDateTime::PutField(DigitText& out, char16_t letter) const {
       out.Put(static_cast<unsigned>(std::abs(m_year)), 4);
       break;
     case u'M':
-      out.Put(m_month, 2);
+      out.PutPair(m_month);
       break;
     case u'D':
-      out.Put(m_day, 2);
+      out.PutPair(m_day);
       break;
     case u't':
-      out.Put(m_hour, 2);
+      out.PutPair(m_hour);
       out.Mark(u':');
-      out.Put(m_minute, 2);
+      out.PutPair(m_minute);
       out.Mark(u':');
-      out.Put(m_second, 2);
+      out.PutPair(m_second);
       out.PutFraction(m_milliSecond, m_microSecond, m_nanoSecond);
       break;
     default:
@@ -43,9 +43,9 @@ void CDateTime::PutZone(DigitText& out) const {
     return;
   }
   out.Mark(m_zoneHour < 0 ? u'-' : u'+');
-  out.Put(static_cast<unsigned>(std::abs(m_zoneHour)), 2);
+  out.PutPair(static_cast<unsigned>(std::abs(m_zoneHour)));
   out.Mark(u':');
-  out.Put(m_zoneMinute, 2);
+  out.PutPair(m_zoneMinute);
 }
 
 bool CDateTime::IsSet() const {

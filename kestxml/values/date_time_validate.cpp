@@ -1,5 +1,7 @@
 // CDateTime: the test of a value against its type.
 
+#include <iterator>
+
 #include "kestxml/values/date_time.h"
 #include "kestxml/values/format_string.h"
 #include "kestxml/values/internal/calendar.h"
@@ -60,19 +62,27 @@ void ValidateDay(DateTimeKind const& kind, int year, int month, int day) {
 // A field of the time: how far it goes, and what is said of one that goes further, or that stands
 // where the type has none.
 struct TimeField {
-  int value;
   int last;
   char16_t const* outOfRange;
   char16_t const* notOfType;
 };
 
-void ValidateTime(DateTimeKind const& kind, TimeField const& field) {
-  if (kind.Has(internal::kTime)) {
-    if (field.value <= field.last) return;
-    throw CKestInvalidValueException(FormatString(field.outOfRange, field.value));
-  }
-  if (field.value == 0) return;
-  throw CKestInvalidValueException(FormatString(field.notOfType, field.value, kind.name));
+// clang-format off
+constexpr TimeField kTimeFields[] = {
+    { 23, u"Invalid Hour [%d] (0 <= hour <= 23)",          u"Invalid Hour [%d] for type %s"},
+    { 59, u"Invalid Minute [%d] (0 <= minute <= 59)",      u"Invalid Minute [%d] for type %s"},
+    { 59, u"Invalid Second [%d] (0 <= second <= 59)",      u"Invalid Second [%d] for type %s"},
+    {999, u"Invalid Milli-Second [%d] (0 <= milli <= 999)", u"Invalid Milli-Second [%d] for type %s"},
+    {999, u"Invalid Micro-Second [%d] (0 <= micro <= 999)", u"Invalid Micro-Second [%d] for type %s"},
+    {999, u"Invalid Nano-Second [%d] (0 <= nano <= 999)",  u"Invalid Nano-Second [%d] for type %s"},
+};
+// clang-format on
+
+void ValidateTime(DateTimeKind const& kind, TimeField const& field, int value) {
+  bool const hasTime = kind.Has(internal::kTime);
+  if (value <= (hasTime ? field.last : 0)) return;
+  throw CKestInvalidValueException(
+      FormatString(hasTime ? field.outOfRange : field.notOfType, value, kind.name));
 }
 
 }  // namespace
@@ -83,17 +93,8 @@ void CDateTime::Validate() const {
   ValidateMonth(kind, m_month);
   ValidateYear(kind, m_year);
   ValidateDay(kind, m_year, m_month, m_day);
-  // clang-format off
-  TimeField const fields[] = {
-      {m_hour,         23, u"Invalid Hour [%d] (0 <= hour <= 23)",           u"Invalid Hour [%d] for type %s"},
-      {m_minute,       59, u"Invalid Minute [%d] (0 <= minute <= 59)",       u"Invalid Minute [%d] for type %s"},
-      {m_second,       59, u"Invalid Second [%d] (0 <= second <= 59)",       u"Invalid Second [%d] for type %s"},
-      {m_milliSecond, 999, u"Invalid Milli-Second [%d] (0 <= milli <= 999)", u"Invalid Milli-Second [%d] for type %s"},
-      {m_microSecond, 999, u"Invalid Micro-Second [%d] (0 <= micro <= 999)", u"Invalid Micro-Second [%d] for type %s"},
-      {m_nanoSecond,  999, u"Invalid Nano-Second [%d] (0 <= nano <= 999)",   u"Invalid Nano-Second [%d] for type %s"},
-  };
-  // clang-format on
-  for (TimeField const& field : fields) ValidateTime(kind, field);
+  int const time[] = {m_hour, m_minute, m_second, m_milliSecond, m_microSecond, m_nanoSecond};
+  for (std::size_t i = 0; i < std::size(time); ++i) ValidateTime(kind, kTimeFields[i], time[i]);
 }
 
 }  // namespace KestXmlLib20

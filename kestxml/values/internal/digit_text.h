@@ -13,14 +13,23 @@ class DigitText {
  public:
   void Mark(char16_t unit) { *m_end++ = unit; }
 
+  void Put(std::uint64_t number) { Put(number, 1); }
+
   /// With zeros in front up to @p width digits, and with all its digits.
-  void Put(std::uint64_t number, int width = 1) {
+  void Put(std::uint64_t number, int width) {
     char16_t digits[20];
     char16_t* first = std::end(digits);
     for (; number != 0 || width > 0; number /= 10, --width) {
       *--first = static_cast<char16_t>(u'0' + number % 10);
     }
     m_end = std::copy(first, std::end(digits), m_end);
+  }
+
+  /// With two digits, or with more where it has more.
+  void PutPair(unsigned number) {
+    if (number > 99) return Put(number, 2);
+    Mark(static_cast<char16_t>(u'0' + number / 10));
+    Mark(static_cast<char16_t>(u'0' + number % 10));
   }
 
   /// A point and the groups of three digits up to the last that is not 0, without the zeros at the
@@ -34,9 +43,7 @@ class DigitText {
     while (m_end[-1] == u'0') --m_end;
   }
 
-  std::u16string ToString() const {
-    return {m_text, static_cast<std::size_t>(m_end - m_text)};
-  }
+  std::u16string ToString() const { return {m_text, static_cast<std::size_t>(m_end - m_text)}; }
 
  private:
   char16_t m_text[128];
