@@ -194,7 +194,8 @@ std::int64_t CBigInteger::ToWrapped64() const {
   for (std::size_t i = 0; i < m_magnitude.Size(); ++i) {
     Limb rest = m_magnitude[i];
     for (std::size_t digit = 0; digit < Magnitude::kLimbDigits; ++digit, rest /= 10, power *= 10) {
-      sum += rest % 10 * power;
+      std::uint32_t const part = rest % 10 * power;
+      sum += part;
     }
   }
   return static_cast<std::int64_t>(m_sign == -1 ? 0 - sum : sum);

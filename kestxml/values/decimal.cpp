@@ -203,13 +203,13 @@ CDecimal CDecimal::operator/(CDecimal const& divisor) const {
 }
 
 CDecimal CDecimal::operator++(int) {
-  CDecimal const old = *this;
+  CDecimal old = *this;
   ++*this;
   return old;
 }
 
 CDecimal CDecimal::operator--(int) {
-  CDecimal const old = *this;
+  CDecimal old = *this;
   --*this;
   return old;
 }

@@ -24,7 +24,7 @@ Limb ReadLimb(char16_t const* digits, char16_t const* end) {
   return limb;
 }
 
-char16_t* WritePair(Limb pair, char16_t* end) {
+char16_t* WritePair(std::size_t pair, char16_t* end) {
   *--end = kPairs[2 * pair + 1];
   *--end = kPairs[2 * pair];
   return end;
