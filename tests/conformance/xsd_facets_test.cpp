@@ -84,6 +84,11 @@ struct Reason {
 constexpr Reason kReasons[] = {
     {"length of a QName",  // any length is valid
      [](FacetRow const& row) { return row.isValid && row.base == "QName"; }},
+    {"minus sign counted as a digit",
+     [](FacetRow const& row) {
+       return row.isValid && row.value.starts_with('-') && row.Count("totalDigits") > 0 &&
+              FindXsdType(row.base)->kind == ItemType_integer;
+     }},
     {"malformed base64, which is no error",
      [](FacetRow const& row) {
        return !row.isValid && row.base == "base64Binary" && row.value.size() % 4 != 0;
