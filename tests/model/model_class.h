@@ -8,7 +8,6 @@
 #include <string>
 #include <string_view>
 #include <type_traits>
-#include <utility>
 
 #include "kestxml/binding/metadata/attribute_info.h"
 #include "kestxml/binding/metadata/element_info_family.h"
@@ -39,53 +38,51 @@ Entry** Table(std::initializer_list<Entry*> entries) {
   return table;
 }
 
-/// What is said of a class, of its simple content and of a primitive, where it is not the default.
+/// What is said of a class, and of a simple type, where it is not the default.
 struct ClassOptions {
   char16_t const* ns = u"";
   bool failIfAttributeUnknown = true;
   bool hasBaseClasses = false;
-  std::int32_t valueIndex = -1;
-  ItemType valueType = ItemType_Invalid;
-  char16_t const* format = nullptr;
+  ItemType content = ItemType_Invalid;  ///< property 0 then holds it
   bool isText = false;
 };
 struct Simple {
   char16_t const* ns = u"";
   ItemType type = ItemType_string;
   char16_t const* pattern = nullptr;
-  std::int32_t minLength = -1, maxLength = -1;
+  std::int32_t maxLength = -1;
   char16_t const* minInclusive = nullptr;
   char16_t const* maxInclusive = nullptr;
   char16_t const* minExclusive = nullptr;
   bool nillable = false;
   char16_t const* defaultValue = nullptr;
   char16_t const* format = nullptr;
-  CWhitespaceUtils::WhitespaceRule rule = CWhitespaceUtils::WhitespaceRule_Collapse;
 
   CPrimitiveRestrictions Facets() const {
-    return {pattern,      minLength, maxLength, minInclusive, maxInclusive,
-            minExclusive, nullptr,   -1,        -1,           -1};
+    return {pattern, -1, maxLength, minInclusive, maxInclusive, minExclusive, nullptr, -1, -1, -1};
   }
 };
 
 inline CParentElementInfo* Class(XmlElementGroupType group, XmlElementType elementType,
                                  char16_t const* name, ClassOptions const& options = {}) {
-  return new CParentElementInfo(
-      group, elementType, name, options.ns, options.failIfAttributeUnknown, options.hasBaseClasses,
-      options.valueIndex, options.valueType, CWhitespaceUtils::WhitespaceRule_Collapse,
-      options.format, options.isText);
+  bool const hasContent = options.content != ItemType_Invalid;
+  return new CParentElementInfo(group, elementType, name, options.ns,
+                                options.failIfAttributeUnknown, options.hasBaseClasses,
+                                hasContent ? 0 : -1, options.content,
+                                CWhitespaceUtils::WhitespaceRule_Collapse, nullptr, options.isText);
 }
 
 template <typename Info>
 CElementInfo* Primitive(char16_t const* name, std::int32_t index, Simple const& simple = {}) {
-  return new Info(name, simple.ns, index, simple.nillable, simple.type, simple.format, simple.rule,
-                  simple.Facets(), simple.defaultValue);
+  return new Info(name, simple.ns, index, simple.nillable, simple.type, simple.format,
+                  CWhitespaceUtils::WhitespaceRule_Collapse, simple.Facets(), simple.defaultValue);
 }
 
 inline CAttributeInfo* Attribute(char16_t const* name, std::int32_t index, bool isOptional,
                                  Simple const& simple = {}) {
   return new CAttributeInfoPrimitive(name, u"", index, isOptional, simple.type, simple.format,
-                                     simple.rule, simple.Facets(), simple.defaultValue);
+                                     CWhitespaceUtils::WhitespaceRule_Collapse, simple.Facets(),
+                                     simple.defaultValue);
 }
 
 // The body of a case of AccessProperty, for each sort of member.
@@ -105,35 +102,34 @@ inline void Exchange(double& member, bool read, KestVariant& value) {
 template <typename Object>
 void Exchange(CSmartPtr<Object>& member, bool read, KestVariant& value) {
   if constexpr (std::is_base_of_v<CXmlCollectionBase, Object>) {
-    read ? value.SetXmlCollection(member.Get())
-         : void(member = static_cast<Object*>(value.GetXmlCollection().Get()));
+    value.SetXmlCollection(member.Get());  // generated collections are not replaced
   } else {
     read ? value.SetXmlObject(member.Get())
          : void(member = static_cast<Object*>(value.GetXmlObject().Get()));
   }
 }
 
-/// The base of a class of the model. It supplies BuildTables, a constructor that names the element
-/// and calls Init, and AccessProperty and Init.
+/// The part of Init that is the same for all members.
+template <typename... Members>
+void Reset(Members&... members) {
+  ((members = Members()), ...);
+}
+
+/// The base of a class of the model. It supplies BuildTables, a constructor that calls Init, and
+/// AccessProperty and Init.
 template <typename Derived, typename Base = CXmlGeneratedClass>
 class CModelClass : public Base {
  public:
+  explicit CModelClass(char16_t const* elementName) { this->SetElementName(elementName); }
+
   using CXmlObjectBase::GetBase;
   CXmlObjectBase* GetBase() override { return this; }
   std::u16string_view GetNamespace() const override {
     return GetClassInfo()->GetElementNamespace();
   }
-
   CParentElementInfo* GetClassInfo() const override { return GetTables().classInfo; }
   CElementInfo** GetClassElementInfo() const override { return GetTables().elements; }
   CAttributeInfo** GetClassAttributeInfo() const override { return GetTables().attributes; }
-
-  /// Gives the tables back; the next use builds them again.
-  static void CleanTables() {
-    s_isBuilt = false;
-    Base::CleanMetaData(s_tables.classInfo, s_tables.elements, s_tables.attributes);
-  }
-  static Tables const& CurrentTables() { return s_tables; }
 
  protected:
   std::u16string_view GetTargetNamespace() const override { return GetNamespace(); }
@@ -149,7 +145,7 @@ class CModelClass : public Base {
     return s_tables;
   }
 
-  inline static Tables s_tables;
+  inline static Tables s_tables;  // for as long as the process lives
   inline static std::atomic<bool> s_isBuilt = false;
 };
 

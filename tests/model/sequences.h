@@ -1,49 +1,66 @@
-// Sequences, one for each sort of content, and groups in them.
+// Sequences, one for each sort of content.
 #pragma once
 
 #include "kestxml/binding/attribute_col.h"
 #include "kestxml/binding/element.h"
 #include "kestxml/binding/element_col.h"
-#include "kestxml/collections/value_cols.h"
 #include "tests/model/parts.h"
 
 namespace KestModel {
 
-/// A collection of values with the facets of @p simple.
-template <typename Col>
-CSmartPtr<Col> ValueCol(char16_t const* name, std::int32_t minOccurs, std::int32_t maxOccurs,
-                        Simple const& simple = {}) {
-  return new Col(name, u"", minOccurs, maxOccurs, simple.pattern, simple.minLength,
-                 simple.maxLength, simple.minInclusive, simple.maxInclusive, simple.minExclusive,
-                 nullptr, -1, -1, -1, simple.rule, simple.format);
-}
+// clang-format off
 
 /// Simple types and enumerations.
 class CCrate : public CModelClass<CCrate> {
  public:
-  CCrate() {
-    SetElementName(u"Crate");
-    Init();
-  }
-  static Tables BuildTables();
-  void AccessProperty(std::int32_t propertyIndex, bool read, KestVariant& value) override;
-  void Init() override;
+  CCrate() : CModelClass(u"Crate") { Init(); }
 
   /// @throws CKestException when the facets do not allow @p label.
-  void SetLabel(std::u16string label);
+  void SetLabel(std::u16string const& label) {
+    KestVariant value;
+    value.SetString(label);
+    GetClassElementInfo()[0]->CheckRestriction(value);
+    m_label = label;
+  }
   void SetWeight(double weight) { m_weight = weight; }
-  /// Also what is no color.
-  void SetColor(std::int32_t color) { m_color.SetI4(color); }
-  void ClearColor() { m_color.Clear(); }
-  KestVariant& Count() { return m_count; }
-  KestVariant& Lining() { return m_lining; }
-  CSmartPtr<Ci4Col> GetCodes() const { return m_codes; }
+
+  static Tables BuildTables() {
+    return {Class(XmlElementGroupType_Sequence, XmlElementType_Element, u"Crate"),
+            Table<CElementInfo>({
+                Primitive<CElementInfoSeqPrimMnd>(u"Label", 0, {.maxLength = 8}),
+                Primitive<CElementInfoSeqPrimMnd>(u"Weight", 1, {.type = ItemType_r8, .minExclusive = u"0", .format = u"%.2f"}),
+                Primitive<CElementInfoSeqPrimOpt>(u"Count", 2, {.type = ItemType_i4, .maxInclusive = u"99", .nillable = true, .defaultValue = u"1"}),
+                ColorElement<CElementInfoSeqEnumMnd>(u"Color", 3),
+                ColorElement<CElementInfoSeqEnumOpt>(u"Lining", 4, true, u"green"),
+                new CElementInfoSeqPrimCol(u"Code", u"", 5),
+                new CElementInfoSeqEnumCol(u"Stripe", u"", 6),
+                new CElementInfoSeqCol(u"Mark", u"", 7)}),
+            Table<CAttributeInfo>({})};
+  }
+  void AccessProperty(std::int32_t propertyIndex, bool read, KestVariant& value) override {
+    switch (propertyIndex) {
+      case 0: return Exchange(m_label, read, value);
+      case 1: return Exchange(m_weight, read, value);
+      case 2: return Exchange(m_count, read, value);
+      case 3: return Exchange(m_color, read, value);
+      case 4: return Exchange(m_lining, read, value);
+      case 5: return Exchange(m_codes, read, value);
+      case 6: return Exchange(m_stripes, read, value);
+      case 7: return Exchange(m_marks, read, value);
+    }
+  }
+  void Init() override {
+    Reset(m_label, m_weight, m_count, m_color, m_lining);
+    m_codes = ValueCol<Ci4Col>(u"Code", 0, 2, u"10");
+    m_stripes = new CColorCol(u"Stripe", 0, -1);
+    m_marks = ValueCol<CstringCol>(u"Mark", 0, -1);
+  }
 
  private:
   std::u16string m_label;
   double m_weight = 0;
   KestVariant m_count;
-  KestVariant m_color;
+  std::int32_t m_color = Color_red;
   KestVariant m_lining;
   CSmartPtr<Ci4Col> m_codes;
   CSmartPtr<CColorCol> m_stripes;
@@ -53,96 +70,115 @@ class CCrate : public CModelClass<CCrate> {
 /// Objects.
 class CBox : public CModelClass<CBox> {
  public:
-  CBox() {
-    SetElementName(u"Box");
-    Init();
-  }
-  static Tables BuildTables();
-  void AccessProperty(std::int32_t propertyIndex, bool read, KestVariant& value) override;
-  void Init() override;
-
+  CBox() : CModelClass(u"Box") { Init(); }
   CSmartPtr<CTag>& Tag() { return m_tag; }
-  CSmartPtr<CNote> GetNote() const { return m_note; }
-  CSmartPtr<CNoteCol> GetParts() const { return m_parts; }
   CSmartPtr<CShape>& Shape() { return m_shape; }
+
+  static Tables BuildTables() {
+    return {Class(XmlElementGroupType_Sequence, XmlElementType_Element, u"Box"),
+            Table<CElementInfo>({
+                new CElementInfoSeqClsMnd(u"Tag", u"", 0, XmlElementType_Element, nullptr, -1, true),
+                new CElementInfoSeqClsOpt(u"Note", u"", 1, XmlElementType_Element, CModelFactory::Create, CModelFactory::ClassId_Note),
+                new CElementInfoSeqClsCol(u"Part", u"", 2, XmlElementType_Element),
+                new CElementInfoSeqAbsClsMnd(u"Shape", kShapes, 3, XmlElementType_Element, CModelFactory::CreateShape),
+                new CElementInfoSeqAbsClsOpt(u"Inner", kShapes, 4, XmlElementType_Element, CModelFactory::CreateShape),
+                new CElementInfoSeqAbsClsCol(u"Extra", kShapes, 5, XmlElementType_Element)}),
+            Table<CAttributeInfo>({})};
+  }
+  void AccessProperty(std::int32_t propertyIndex, bool read, KestVariant& value) override {
+    switch (propertyIndex) {
+      case 0: return Exchange(m_tag, read, value);
+      case 1: return Exchange(m_note, read, value);
+      case 2: return Exchange(m_parts, read, value);
+      case 3: return Exchange(m_shape, read, value);
+      case 4: return Exchange(m_inner, read, value);
+      case 5: return Exchange(m_extras, read, value);
+    }
+  }
+  void Init() override {
+    Reset(m_note, m_shape, m_inner);
+    m_tag = new CTag;
+    m_parts = new CNoteCol(u"Part", u"", 0, 2);
+    m_extras = new CShapeCol(u"Extra", kShapes, 0, -1);
+  }
 
  private:
   CSmartPtr<CTag> m_tag;
   CSmartPtr<CNote> m_note;
   CSmartPtr<CNoteCol> m_parts;
-  CSmartPtr<CShape> m_shape;
-  CSmartPtr<CShape> m_inner;
+  CSmartPtr<CShape> m_shape, m_inner;
   CSmartPtr<CShapeCol> m_extras;
 };
 
-/// Open content behind a named element.
+/// Open content. The wildcard for attributes stands behind the attribute with a name.
 class CEnvelope : public CModelClass<CEnvelope> {
  public:
-  CEnvelope() {
-    SetElementName(u"Envelope");
-    Init();
+  CEnvelope() : CModelClass(u"Envelope") { Init(); }
+
+  static Tables BuildTables() {
+    return {Class(XmlElementGroupType_Sequence, XmlElementType_Element, u"Envelope"),
+            Table<CElementInfo>({
+                new CElementInfoSeqUntpdMnd(u"Head", u"urn:head", 0, u"##any", u""),
+                new CElementInfoSeqUntpdOpt(u"AnyElement", u"", 1, u"##other", u""),
+                new CElementInfoSeqUntpdCol(u"Item", u"", 2),
+                new CElementInfoSeqUntpdCol(u"AnyElement", u"", 3)}),
+            Table<CAttributeInfo>({
+                Attribute(u"id", 4, true, {.type = ItemType_i4}),
+                new CAttributeInfoAny(u"AnyAttr", u"", 5, true, u"##other", u"", nullptr)})};
   }
-  static Tables BuildTables();
-  void AccessProperty(std::int32_t propertyIndex, bool read, KestVariant& value) override;
-  void Init() override;
-
-  CSmartPtr<CElement> GetHead() const { return m_head; }
-  CSmartPtr<CElement> GetForeign() const { return m_foreign; }
-  /// Null, or any object in place of the attributes, as generated code never sets it.
-  void SetAttributes(CXmlCollectionBase* attributes) { m_attributes = attributes; }
+  void AccessProperty(std::int32_t propertyIndex, bool read, KestVariant& value) override {
+    switch (propertyIndex) {
+      case 0: return Exchange(m_head, read, value);
+      case 1: return Exchange(m_foreign, read, value);
+      case 2: return Exchange(m_items, read, value);
+      case 3: return Exchange(m_rest, read, value);
+      case 4: return Exchange(m_id, read, value);
+      case 5: return Exchange(m_attributes, read, value);
+    }
+  }
+  void Init() override {
+    Reset(m_foreign, m_id);
+    m_head = new CElement(u"Head");
+    m_items = new CElementCol(u"", u"##any", u"", 0, 2);
+    m_rest = new CElementCol(u"", u"##any", u"");
+    m_attributes = new CAttributeCol(u"", u"##other", u"");
+  }
 
  private:
-  CSmartPtr<CElement> m_head;
-  CSmartPtr<CElement> m_foreign;
-  CSmartPtr<CElementCol> m_items;
-  CSmartPtr<CElementCol> m_rest;
+  CSmartPtr<CElement> m_head, m_foreign;
+  CSmartPtr<CElementCol> m_items, m_rest;
   KestVariant m_id;
-  CSmartPtr<CXmlCollectionBase> m_attributes;
+  CSmartPtr<CAttributeCol> m_attributes;
 };
 
-/// A group: a choice without an element of its own.
-class CLeg : public CModelClass<CLeg> {
- public:
-  CLeg() { Init(); }
-  static Tables BuildTables();
-  void AccessProperty(std::int32_t propertyIndex, bool read, KestVariant& value) override;
-  void Init() override;
-
- private:
-  KestVariant m_rail;
-  KestVariant m_road;
-  KestVariant m_gauge;
-};
-
-/// A group with a group in it.
-class CSpan : public CModelClass<CSpan> {
- public:
-  CSpan() { Init(); }
-  static Tables BuildTables();
-  void AccessProperty(std::int32_t propertyIndex, bool read, KestVariant& value) override;
-  void Init() override;
-
- private:
-  std::u16string m_from;
-  CSmartPtr<CLeg> m_leg;
-  std::u16string m_to;
-  KestVariant m_unit;
-};
-
-/// Groups in an element.
+/// Groups. It has no attributes itself, and must not refuse those of its groups.
 class CRoute : public CModelClass<CRoute> {
  public:
-  CRoute() {
-    SetElementName(u"Route");
-    Init();
+  CRoute() : CModelClass(u"Route") { Init(); }
+
+  static Tables BuildTables() {
+    return {Class(XmlElementGroupType_Sequence, XmlElementType_Element, u"Route", {.failIfAttributeUnknown = false}),
+            Table<CElementInfo>({
+                new CElementInfoSeqClsMnd(u"Span", u"", 0, XmlElementType_PseudoElement, nullptr, -1, true),
+                new CElementInfoSeqClsCol(u"Leg", u"", 1, XmlElementType_PseudoElement)}),
+            Table<CAttributeInfo>({})};
   }
-  static Tables BuildTables();
-  void AccessProperty(std::int32_t propertyIndex, bool read, KestVariant& value) override;
-  void Init() override;
+  void AccessProperty(std::int32_t propertyIndex, bool read, KestVariant& value) override {
+    switch (propertyIndex) {
+      case 0: return Exchange(m_span, read, value);
+      case 1: return Exchange(m_legs, read, value);
+    }
+  }
+  void Init() override {
+    m_span = new CSpan;
+    m_legs = new CGroupCol<CLeg>;
+  }
 
  private:
   CSmartPtr<CSpan> m_span;
   CSmartPtr<CGroupCol<CLeg>> m_legs;
 };
+
+// clang-format on
 
 }  // namespace KestModel
