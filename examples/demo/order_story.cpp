@@ -106,9 +106,9 @@ bool ShowChanges(std::ostream& out, COrder& order) {
                   [&] { order.GetPayment().SetInvoice(std::int16_t{14}); });
   std::string const before = ToText(order);
   Change(order);
-  out << "\nShipped, approved, paid by invoice, three books more and one item more; written with "
-         "the "
-         "prefixes\npo, xsi, desk and ship, these lines differ:\n\n";
+  out << "\nShipped, approved, paid by invoice, with three books and one item more. Written with "
+         "the\n"
+         "prefixes po, xsi, desk and ship, these lines differ:\n\n";
   PrintChangedLines(out, before, ToText(order));
   return ShowWritten(out, order) && isRefused;
 }

@@ -37,17 +37,14 @@ CAttributeInfo** COrderClass::GetClassAttributeInfo() const {
 // that finds the tables built does not take it either.
 COrderClass::Tables const& COrderClass::CTables::Get() {
   if (m_isBuilt.load(std::memory_order_acquire)) return m_tables;
-  m_csInit.Enter();
-  try {
-    if (!m_isBuilt.load(std::memory_order_relaxed)) {
-      m_tables = m_build();
-      m_isBuilt.store(true, std::memory_order_release);
-    }
-  } catch (...) {
-    m_csInit.Leave();
-    throw;
+  struct Lock {
+    Lock() { m_csInit.Enter(); }
+    ~Lock() { m_csInit.Leave(); }
+  } const lock;
+  if (!m_isBuilt.load(std::memory_order_relaxed)) {
+    m_tables = m_build();
+    m_isBuilt.store(true, std::memory_order_release);
   }
-  m_csInit.Leave();
   return m_tables;
 }
 

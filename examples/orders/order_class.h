@@ -103,9 +103,8 @@ class COrderClass : public KestXmlLib20::CXmlGeneratedClass {
   // Steps of setters.
 
   /// Gives @p value back if it is one of @p type.
-  /// @throws KestXmlLib20::CKestException with the name of the property when its facets do not
-  /// allow
-  ///   the value; KestXmlLib20::CKestInvalidParamException for a date of another type.
+  /// @throws KestXmlLib20::CKestException when its facets do not allow the value, with the name of
+  ///   the property; KestXmlLib20::CKestInvalidParamException for a date of another type.
   template <typename T>
   static T const& Checked(char16_t const* name, T const& value, SimpleType const& type) {
     KestXmlLib20::KestVariant variant;
