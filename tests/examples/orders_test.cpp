@@ -7,13 +7,21 @@
 #include <vector>
 
 #include "examples/orders/order.h"
-#include "tests/model/failure_chain.h"
+#include "tests/model/outcome.h"
 
 namespace KestOrders {
 namespace {
 
 using namespace KestXmlLib20;
-using KestModel::ThrownChain;
+
+/// The chain of failures that @p operation ends in.
+template <typename Operation>
+std::u16string ThrownChain(Operation operation) {
+  return KestModel::OutcomeOf([&] {
+    operation();
+    return std::u16string(kNothingThrown);
+  });
+}
 
 std::string OrderText() {
   std::ifstream in(KESTXML_ORDERS "/order.xml", std::ios::binary);
