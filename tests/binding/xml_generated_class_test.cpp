@@ -178,6 +178,27 @@ TEST(Assembled, WritesButDoesNotReadCollectionsInAnAllGroup) {
   }
 }
 
+// Each level names its element, and the limit of the writer is at the end of the chain.
+TEST(Assembled, IsNotWrittenBeyondTheLimitOnDepth) {
+  CDesign const design(Class(XmlElementGroupType_Sequence, kElement, u"O"),
+                       {new CElementInfoSeqClsOpt(u"O", u"", 0, kElement, nullptr, 0)});
+  CSmartPtr<CAssembled> object(new CAssembled(design));
+  for (int depth = 1; depth < 3; ++depth) {
+    CSmartPtr<CAssembled> const outer(new CAssembled(design));
+    outer->properties[0].SetXmlObject(object.Get());
+    object = outer;
+  }
+  CSerializationContext context;
+  context.GetLimits().SetMaxDepth(3);
+  EXPECT_EQ(Written(*object, context), u"<O><O><O/></O></O>");
+  context.GetLimits().SetMaxDepth(2);
+  EXPECT_EQ(OutcomeOf([&] { return Written(*object, context); }),
+            u"Validation: Failed to convert the element [O] to XML\n"
+            u"Validation: Failed to convert the element [O] to XML\n"
+            u"Validation: Failed to convert the element [O] to XML\n"
+            u"Exception: The document exceeds the limit of 2 nested elements.");
+}
+
 TEST(Assembled, KnowsItsElements) {
   struct CReach : CAssembled {
     using CAssembled::CAssembled;

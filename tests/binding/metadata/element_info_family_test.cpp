@@ -36,6 +36,12 @@ Init const Nil       = [](Properties& p) { p[0].SetNil(); };
 Init const Letter    = [](Properties& p) { p[0].SetChar(u'c'); };
 template <std::int32_t kValue>
 void Number(Properties& p) { p[0].SetI4(kValue); }
+// A choice that reads and yet finds nothing, since its collection stays open.
+template <XmlElementType kType>
+void OpenChoice(Properties& p) {
+  static CDesign const design(Class(XmlElementGroupType_Choice, kType, u""), {new CElementInfoAllCol(u"A", u"", 0)});
+  p[0].SetXmlObject(new CAssembled(design, Two));
+}
 
 // Factories.
 using Object = CSmartPtr<CXmlObjectBase>;
@@ -122,6 +128,9 @@ EntryCase const kReads[] = {
     // The owner then steps over an element and asks again.
     {"FreeGroupBehindUnknown",  ClsMnd<CElementInfoSeqClsMnd, kPseudo, false>, Leg, kElement, UnknownElements, u"<X/>", u"false X object"},
     {"FreeGroupInGroup",        ClsMnd<CElementInfoSeqClsMnd, kPseudo, false>, Leg, kGroup, UnknownElements, u"<X/>", u"true X object"},
+    {"ChoiceGroupMovesOn",      ClsMnd<CElementInfoSeqClsMnd, kPseudo, false>, OpenChoice<kPseudo>, kElement, nullptr, u"<A/><X/>", u"true X object"},
+    {"ChoiceGroupGivesBack",    ClsMnd<CElementInfoSeqClsMnd, kPseudo, false>, OpenChoice<kPseudo>, kElement, UnknownElements, u"<A/><X/>", u"false A object"},
+    {"OtherChoiceGroupMovesOn", ClsMnd<CElementInfoSeqClsMnd, kGroup, false>, OpenChoice<kGroup>, kElement, UnknownElements, u"<A/><X/>", u"true X object"},
     {"OptCls",                  Cls<CElementInfoSeqClsOpt, kElement, MakeNote>, nullptr, kElement, nullptr, u"<A/>", u"true end object"},
     {"OptClsNotThere",          Cls<CElementInfoSeqClsOpt, kElement, MakeNote>, nullptr, kElement, nullptr, u"<X/>", u"true X unset"},
     {"OptClsNone",              Cls<CElementInfoSeqClsOpt, kElement, MakeNone>, nullptr, kElement, nullptr, u"<A/>", u"true A unset"},
@@ -309,6 +318,32 @@ TEST(ElementInfo, TakesItsDefaultAsReadAndSoChecksIt) {
   EXPECT_EQ(Outcome(*owner, u"<O><A/></O>", {}),
             u"Exception: Failed to set the property value. @ /O/A\n"
             u"Exception: Invalid Value for A [5]");
+}
+
+// clang-format off
+TEST(ElementInfo, ReportsTheFacetThatAValueViolates) {
+  struct {
+    char const* name; Simple simple; char16_t const* text; char16_t const* failure;
+  } const rows[] = {
+      {"Length",    {.maxLength = 1}, u"aa", u"Invalid Value for A [aa]."},
+      {"Pattern",   {.pattern = u"[a-z]+"}, u"A", u"Invalid Value for A [A]."},
+      {"NoPattern", {.pattern = u"("}, u"a", u"Invalid Regular Expression: a Error: 'missing closing parenthesis'\nInvalid Value for A [a]."},
+      {"Bound",     {.type = ItemType_ui1, .minInclusive = u"2"}, u"1", u"Invalid Value for A [1]"},
+      {"LongBound", {.type = ItemType_i8, .maxInclusive = u"2"}, u"3", u"Invalid Value for A [3]."},
+      {"NoBound",   {.type = ItemType_i4, .maxInclusive = u"x"}, u"1", u"The value [x] can not be converted to a i4\nInvalid Value for A [1]."},
+      {"RealBound", {.type = ItemType_r4, .minExclusive = u"2"}, u"2", u"Invalid Value for A [2.000000]"},
+      {"Bytes",     {.type = ItemType_hexBinary, .maxLength = 1}, u"0a0b", u"Invalid Value for A [0A0B]."},
+  };
+  // clang-format on
+  for (auto const& row : rows) {
+    SCOPED_TRACE(row.name);
+    CDesign const design(Class(XmlElementGroupType_Sequence, kElement, u"O"),
+                         {Primitive<CElementInfoSeqPrimMnd>(u"A", 0, row.simple)});
+    CSmartPtr<CAssembled> const owner(new CAssembled(design));
+    EXPECT_EQ(Outcome(*owner, u"<O><A>" + std::u16string(row.text) + u"</A></O>", {}),
+              u"Exception: Failed to set the property value. @ /O/A\nException: " +
+                  std::u16string(row.failure));
+  }
 }
 
 TEST(ElementInfo, ChecksOnlyPrimitives) {
