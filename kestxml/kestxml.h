@@ -65,6 +65,7 @@
 #include "kestxml/values/magnitude.h"
 #include "kestxml/values/preserve_character_ref_cr.h"
 #include "kestxml/values/primitive_restrictions.h"
+#include "kestxml/values/same_text.h"
 #include "kestxml/values/smart_ptr.h"
 #include "kestxml/values/unicode.h"
 #include "kestxml/values/whitespace_utils.h"

@@ -6,7 +6,8 @@
 namespace KestXmlLib20 {
 
 /// Implemented beside CXmlGeneratedClass by classes whose element may carry xsi:nil. A class
-/// without it refuses the attribute.
+/// without it refuses the attribute. It must be a public base, and Init must take nil back: an
+/// object that is nil before its content is looked at has none.
 class KESTXML_API INillable {
  public:
   virtual bool IsNil() = 0;

@@ -35,4 +35,10 @@ void CSerializationLimits::ThrowNamespaceTooLong(std::uint32_t bound, std::u16st
                        std::move(path));
 }
 
+void CSerializationLimits::ThrowTooManyAbandoned(std::uint64_t bound, std::u16string path) {
+  throw CKestException(
+      FormatString(u"The document exceeds the limit of %I64u abandoned elements.", bound),
+      std::move(path));
+}
+
 }  // namespace KestXmlLib20

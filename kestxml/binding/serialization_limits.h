@@ -38,6 +38,11 @@ class KESTXML_API CSerializationLimits {
   std::uint32_t GetMaxNamespaceLength() const { return m_maxNamespaceLength; }
   void SetMaxNamespaceLength(std::uint32_t value) { m_maxNamespaceLength = value; }
 
+  /// With unknown elements ignored: elements that groups, which turn out not to be there, read or
+  /// pass over and give back to their parents, counted again each time. Default 10,000,000.
+  std::uint64_t GetMaxAbandonedElements() const { return m_maxAbandonedElements; }
+  void SetMaxAbandonedElements(std::uint64_t value) { m_maxAbandonedElements = value; }
+
   // Each throws the CKestException of its bound; @p path is where in the document, or empty.
   [[noreturn]] static void ThrowTooDeep(std::uint32_t bound, std::u16string path);
   [[noreturn]] static void ThrowTooManyAttributes(std::uint32_t bound, std::u16string path);
@@ -45,6 +50,7 @@ class KESTXML_API CSerializationLimits {
                                                              std::u16string path);
   [[noreturn]] static void ThrowTooManyElements(std::uint64_t bound, std::u16string path);
   [[noreturn]] static void ThrowNamespaceTooLong(std::uint32_t bound, std::u16string path);
+  [[noreturn]] static void ThrowTooManyAbandoned(std::uint64_t bound, std::u16string path);
 
  private:
   std::uint32_t m_maxDepth = 1'000;
@@ -53,6 +59,7 @@ class KESTXML_API CSerializationLimits {
   std::uint64_t m_maxInflatedBytes = std::uint64_t{1} << 30;
   std::uint64_t m_maxElements = 0;
   std::uint32_t m_maxNamespaceLength = 10'000;
+  std::uint64_t m_maxAbandonedElements = 10'000'000;
 };
 
 /// True when @p count is more than @p bound allows; a bound of 0 allows anything.

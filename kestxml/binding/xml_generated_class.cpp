@@ -32,6 +32,12 @@ bool IsOneOf(CElementInfo const& entry) {
   return (dynamic_cast<Kinds const*>(&entry) || ...);
 }
 
+// The base of the five can be used by itself, and is then none of them.
+bool IsCollectionInChoice(CElementInfo const& entry) {
+  return IsOneOf<CElementInfoChoicePrimCol, CElementInfoChoiceClsCol, CElementInfoChoiceAbsClsCol,
+                 CElementInfoChoiceEnumCol, CElementInfoChoiceUntpdCol>(entry);
+}
+
 bool IsOptionalInChoice(CElementInfo const& entry) {
   return IsOneOf<CElementInfoChoicePrimOpt, CElementInfoChoiceClsOpt, CElementInfoChoiceAbsClsOpt,
                  CElementInfoChoiceEnumOpt, CElementInfoChoiceUntpdOpt>(entry);
@@ -61,7 +67,7 @@ bool CXmlGeneratedClass::IsElementInList(CSerializationContext const& context,
 bool CXmlGeneratedClass::DoesElementContainOptionalElements() const {
   for (CElementInfo** entry = GetClassElementInfo(); *entry; ++entry) {
     if (IsOptionalInChoice(**entry)) return true;
-    if (!IsOneOf<CElementInfoChoiceCol>(**entry)) continue;
+    if (!IsCollectionInChoice(**entry)) continue;
     KestVariant value;
     ReadProperty((*entry)->GetPropertyIndex(), value);
     auto const collection = value.GetXmlCollection();
@@ -75,9 +81,9 @@ bool CXmlGeneratedClass::DoesElementContainOptionalElements() const {
 INillable* CXmlGeneratedClass::FindNillable() const {
   auto& notNillable = GetClassInfo()->m_notNillable;
   std::type_info const& type = typeid(*this);
-  if (notNillable.load(std::memory_order_relaxed) == &type) return nullptr;
+  if (notNillable.Is(type)) return nullptr;
   auto* const nillable = dynamic_cast<INillable*>(const_cast<CXmlGeneratedClass*>(this));
-  if (!nillable) notNillable.store(&type, std::memory_order_relaxed);
+  if (!nillable) notNillable.Set(type);
   return nillable;
 }
 

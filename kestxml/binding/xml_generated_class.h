@@ -49,6 +49,8 @@ class KESTXML_API CXmlGeneratedClass : public CXmlObjectBase {
   /// goes through as an i4, an object or a collection as a counted pointer, and an unset optional
   /// property leaves @p value without a kind.
   virtual void AccessProperty(std::int32_t propertyIndex, bool read, KestVariant& value) = 0;
+  /// None of the three is null. They stay the property of the class, and exist for as long as an
+  /// object of it does.
   virtual KestXmlLib20Data::CParentElementInfo* GetClassInfo() const = 0;
   /// In schema order, with a null pointer behind the last.
   virtual KestXmlLib20Data::CElementInfo** GetClassElementInfo() const = 0;
@@ -57,13 +59,13 @@ class KESTXML_API CXmlGeneratedClass : public CXmlObjectBase {
   /// collections of mandatory properties must exist afterwards.
   virtual void Init() = 0;
 
+ protected:
   /// AccessProperty for reading, of a constant object.
   void ReadProperty(std::int32_t propertyIndex, KestVariant& value) const {
     const_cast<CXmlGeneratedClass*>(this)->AccessProperty(propertyIndex, true, value);
   }
 
- protected:
-  /// Whether one of the class's entries would take the element.
+  /// Whether one of the class's entries has the element's name. A wildcard has its own alone.
   bool IsElementInList(CSerializationContext const& context, CXmlElement* element) const;
   /// Whether a choice may have no member: an entry is optional, or is a collection without minimum.
   bool DoesElementContainOptionalElements() const;
@@ -80,6 +82,10 @@ class KESTXML_API CXmlGeneratedClass : public CXmlObjectBase {
   static CKESTCriticalSection m_csInit;
 
  private:
+  // They reach the properties of the objects that they describe.
+  friend class KestXmlLib20Data::CAttributeInfo;
+  friend class KestXmlLib20Data::CElementInfo;
+
   struct Content;  // what the reading of an object's child elements goes by
 
   CXmlElement* ReadElement(CXmlElement* element, CXmlElement* child,

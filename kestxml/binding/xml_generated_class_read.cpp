@@ -1,5 +1,6 @@
 // How a generated class is read: its attributes, then its child elements as its group says.
 
+#include "kestxml/binding/internal/call_levels.h"
 #include "kestxml/binding/internal/flag_set.h"
 #include "kestxml/binding/internal/nil_text.h"
 #include "kestxml/binding/metadata/attribute_info.h"
@@ -17,7 +18,7 @@
 namespace KestXmlLib20 {
 
 using namespace KestXmlLib20Data;
-using internal::FlagSet;
+using internal::FlagSet, internal::PassOver;
 
 namespace {
 
@@ -44,10 +45,16 @@ struct CXmlGeneratedClass::Content {
   CXmlElement* element;
   XmlElementType elementType;
   char16_t const* ownerNamespace;
+  internal::ReadLevel level;
 
   bool HasElement() const { return elementType == XmlElementType_Element; }
   bool Read(CElementInfo& entry, CXmlElement*& current) const {
     return entry.ElementFromXml(context, &owner, element, &current, ownerNamespace, elementType);
+  }
+  // As far as the parent can tell, nothing was read.
+  CXmlElement* GiveBack(CXmlElement* child) const {
+    level.Abandon();
+    return child;
   }
 };
 
@@ -69,7 +76,13 @@ CXmlElement* CXmlGeneratedClass::ReadElement(CXmlElement* element, CXmlElement* 
                                              bool isOptionalChoice) {
   Init();
   CParentElementInfo const& info = *GetClassInfo();
-  Content const content{context, *this, element, info.GetElementType(), GetNamespace().data()};
+  XmlElementType const type = info.GetElementType();
+  Content const content{context,
+                        *this,
+                        element,
+                        type,
+                        GetNamespace().data(),
+                        {type != XmlElementType_Element, context, element}};
   // The name that was read is kept, be it that of a substitution or of a derived type.
   if (content.HasElement()) SetElementName(element->GetLocalName().data());
   ProcessAttributesFromXml(context, element, info.GetFromXmlFailIfAttributeUnknown());
@@ -147,15 +160,15 @@ CXmlElement* CXmlGeneratedClass::ProcessElementSeqFromXml(Content const& content
       if (content.Read(*table[index], current)) {
         ++index;
       } else if (ignoreUnknown && current) {
-        current = current->GetNextSiblingElement();
+        current = PassOver(*current);
       } else {
-        return child;  // as far as the caller can tell, nothing was read
+        return content.GiveBack(child);
       }
     }
     // A group leaves what it did not use to its parent.
     if (!content.HasElement() || !current) return current;
     if (!ignoreUnknown) ThrowUnprocessed(*content.element, *current);
-    current = current->GetNextSiblingElement();
+    current = PassOver(*current);
     if (!current) return nullptr;
     index = count == 0 ? 0 : count - 1;
   }
@@ -177,10 +190,12 @@ CXmlElement* CXmlGeneratedClass::ProcessElementAllFromXml(Content const& content
     if (content.HasElement() && !content.context.GetIgnoreUnknownElements()) {
       ThrowUnprocessed(*content.element, *current);
     }
-    current = current->GetNextSiblingElement();
+    current = PassOver(*current);
   }
   for (std::size_t i = 0; i < count; ++i) {
-    if (!table[i]->Validate(content.context, this, found[i], content.HasElement())) return child;
+    if (!table[i]->Validate(content.context, this, found[i], content.HasElement())) {
+      return content.GiveBack(child);
+    }
   }
   return current;
 }
@@ -196,7 +211,7 @@ CXmlElement* CXmlGeneratedClass::ProcessElementChoiceFromXml(Content const& cont
     for (CElementInfo** entry = GetClassElementInfo(); *entry && !found; ++entry) {
       found = content.Read(**entry, current);
     }
-    if (!found && maySkip && current) current = current->GetNextSiblingElement();
+    if (!found && maySkip && current) current = PassOver(*current);
   } while (!found && maySkip && current);
 
   bool const isSatisfied = found || isOptionalChoice;

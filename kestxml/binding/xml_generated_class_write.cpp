@@ -1,6 +1,8 @@
 // How a generated class is written: what belongs to the root, the start tag, then the content.
 
 #include "kestxml/binding/attribute_col.h"
+#include "kestxml/binding/internal/call_levels.h"
+#include "kestxml/binding/internal/value_text.h"
 #include "kestxml/binding/metadata/attribute_info.h"
 #include "kestxml/binding/metadata/element_info.h"
 #include "kestxml/binding/metadata/parent_element_info.h"
@@ -50,6 +52,7 @@ void CXmlGeneratedClass::WriteElement(CXmlWriter* writer, bool registerNamespace
                                       CSerializationContext const& context,
                                       bool isOptionalChoice) const {
   bool const hasElement = GetClassInfo()->GetElementType() == XmlElementType_Element;
+  internal::GroupLevel const level(!hasElement, context, nullptr);
   if (hasElement) {
     WriteStartTag(writer, registerNamespaces, namespaceUri, context, isOptionalChoice);
   }
@@ -100,7 +103,7 @@ void CXmlGeneratedClass::WriteSimpleContent(CXmlWriter* writer) const {
   if (value.IsNil()) {
     writer->WriteNil();
   } else {
-    writer->WriteText(value.ToString(info.GetPrimitiveFormatOverride().c_str()),
+    writer->WriteText(internal::ValueText(value, info.GetPrimitiveFormatOverride()),
                       value.GetTypeAsEnum(), false);
   }
 }
@@ -131,6 +134,8 @@ void CXmlGeneratedClass::ProcessElementChoiceToXml(CSerializationContext const& 
 
 void CXmlGeneratedClass::AttributesToXml_Int(CXmlWriter* writer,
                                              CSerializationContext const& context) const {
+  bool const hasElement = GetClassInfo()->GetElementType() == XmlElementType_Element;
+  internal::GroupLevel const level(!hasElement, context, nullptr);
   try {
     if (context.GetWriteTypeAttribute()) WriteTypeAttribute(writer);
     ProcessAttributesToXml(context, writer);

@@ -59,7 +59,7 @@ CXmlElement* CXmlObjectBase::FromXml_Int(CXmlObjectBase* object, CXmlElement* el
 
 void CXmlObjectBase::SetElementName(CXmlObjectBase* object, char16_t const* name) {
   std::u16string_view const text = ViewOf(name);
-  if (!internal::IsSameText(object->m_elementName, text)) object->m_elementName = text;
+  if (!IsSameText(object->m_elementName, text)) object->m_elementName = text;
 }
 
 void CXmlObjectBase::Throw_IfPropertyIsNull(CXmlObjectBase* value, char16_t const* name) {

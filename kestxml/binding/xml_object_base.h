@@ -111,13 +111,13 @@ class KESTXML_API CXmlObjectBase : public IEventSink {
   /// Runs when Release takes the last count, or where a derived class makes it public.
   virtual ~CXmlObjectBase();
 
-  /// The namespace under which the object is written when it is the root of a document. The view
-  /// is valid as long as the object is not changed.
+  /// The namespace under which the object is written when it is the root of a document. A zero unit
+  /// follows the text, which stays where it is while the object is read or written.
   virtual std::u16string_view GetTargetNamespace() const = 0;
 
  public:
-  /// The namespace that an owner hands to its element metadata while reading. The view is valid as
-  /// long as the object is not changed.
+  /// The namespace that an owner hands to its element metadata while reading. A zero unit follows
+  /// the text, which stays where it is while the object is read.
   virtual std::u16string_view GetNamespace() const = 0;
 
  protected:

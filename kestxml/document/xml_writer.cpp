@@ -2,10 +2,10 @@
 
 #include "kestxml/binding/serialization_limits.h"
 #include "kestxml/document/internal/namespace_scopes.h"
-#include "kestxml/document/internal/same_text.h"
 #include "kestxml/document/xml_namespaces.h"
 #include "kestxml/document/xml_writer_context.h"
 #include "kestxml/values/kest_exception.h"
+#include "kestxml/values/same_text.h"
 
 namespace KestXmlLib20 {
 namespace {
@@ -32,8 +32,7 @@ void CXmlWriter::CXmlWriterContext::Begin(CXmlWriterContext* parent, std::u16str
   m_arrayState = 0;
   m_localName = Store(localName, m_nameStorage);
   m_pParent = parent;
-  m_namespaceURI =
-      internal::IsSameText(uri, defaultNamespace) ? defaultNamespace : Store(uri, m_uriStorage);
+  m_namespaceURI = IsSameText(uri, defaultNamespace) ? defaultNamespace : Store(uri, m_uriStorage);
 }
 
 CXmlWriter::CXmlWriter()
@@ -126,7 +125,7 @@ bool CXmlWriter::NeedsPrefix(CXmlWriterContext const& context) const {
   std::u16string_view const uri = context.m_namespaceURI;
   std::u16string_view const inForce = GetEffectiveDefaultNamespace(context);
   if (uri.empty() || uri.data() == inForce.data()) return false;
-  return !internal::IsSameText(uri, inForce);
+  return !IsSameText(uri, inForce);
 }
 
 bool CXmlWriter::IsNeverDeclared(std::u16string_view uri) {

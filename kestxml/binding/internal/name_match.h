@@ -3,7 +3,7 @@
 
 #include <string_view>
 
-#include "kestxml/document/internal/same_text.h"
+#include "kestxml/values/same_text.h"
 
 namespace KestXmlLib20::internal {
 

@@ -153,10 +153,14 @@ bool CElementInfo::ElementToXmlCol(CSerializationContext const& context,
   KestVariant value;
   ReadProperty(owner, value);
   auto const collection = value.GetXmlCollection();
-  if (!collection || collection->GetCount() == 0) return false;
+  return collection && WriteCollection(context, *collection, writer);
+}
+
+bool CElementInfo::WriteCollection(CSerializationContext const& context,
+                                   CXmlCollectionBase const& collection, CXmlWriter* writer) const {
+  if (collection.GetCount() == 0) return false;
   SetArrayState(*writer, kArrayBegins);
-  CXmlObjectBase::ToXml_Int(collection.Get(), writer, false, m_elementNamespace.c_str(), context,
-                            false);
+  CXmlObjectBase::ToXml_Int(&collection, writer, false, m_elementNamespace.c_str(), context, false);
   SetArrayState(*writer, kArrayEnds);
   return true;
 }

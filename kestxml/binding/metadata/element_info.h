@@ -30,7 +30,9 @@ using KestXmlLib20::CXmlGeneratedClass;
 using KestXmlLib20::CXmlObjectBase;
 using KestXmlLib20::CXmlWriter;
 
-/// Generated functions of an enumeration: between its numbers and its texts.
+/// Generated functions of an enumeration, never null: between its numbers and its texts. The text
+/// of a number is constant; null stands for an empty one. A text that is none of the enumeration's
+/// makes the second throw a CKestException.
 using EnumToString = char16_t const* (*)(int value);
 using StringToEnum = int (*)(char16_t const* text);
 
@@ -50,7 +52,8 @@ struct ElementRead {
 
 /// The base of the entries of element tables, one for each child element of a class. Generated code
 /// chooses the class of an entry by group, value kind and occurrence (element_info_family.h).
-/// Entries are immutable and shared by all threads.
+/// Entries are immutable and shared by all threads. They copy the texts and facets that they are
+/// made of.
 class KESTXML_API CElementInfo {
  public:
   virtual ~CElementInfo() = default;
@@ -120,7 +123,13 @@ class KESTXML_API CElementInfo {
                                                char16_t const* defaultNamespace,
                                                char16_t const* targetNamespace);
 
+  // Each writes the property, and is false when there is none to write: no object, no value, no
+  // items. Those that read take *current, which has the entry's name, store its value, and step to
+  // its next sibling; of a nil element nothing is stored.
   bool ElementToXmlCol(CSerializationContext const& context, CXmlGeneratedClass const* owner,
+                       CXmlWriter* writer) const;
+  bool WriteCollection(CSerializationContext const& context,
+                       KestXmlLib20::CXmlCollectionBase const& collection,
                        CXmlWriter* writer) const;
   bool ElementToXmlCls(CSerializationContext const& context, CXmlGeneratedClass const* owner,
                        CXmlWriter* writer, bool isOptionalChoice) const;

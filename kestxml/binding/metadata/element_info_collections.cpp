@@ -31,7 +31,10 @@ CXmlElement* CCollectionElementInfo::ReadWildcardItems(ElementRead const& read,
                                                        CXmlCollectionBase& collection) const {
   if (GetElementName() == u"AnyElement") return CCollectionElementInfo::ReadItems(read, collection);
   auto* const elements = dynamic_cast<CElementCol*>(&collection);
-  if (!elements) ThrowMandatoryPropertyMissing();
+  if (!elements) {
+    throw CKestException(
+        u"Serialization Data Error : The collection should be a CElementCol, it was not!");
+  }
   return FromXmlLockElementName_Int(elements, GetElementName(), read);
 }
 
@@ -48,8 +51,9 @@ void CCollectionElementInfo::CollectionAttributesToXml(CSerializationContext con
 bool CCollectionElementInfo::WriteValidated(CSerializationContext const& context,
                                             CXmlGeneratedClass const* owner,
                                             CXmlWriter* writer) const {
-  if (!context.GetIgnoreInvalidCollectionCounts()) GetCollection(owner)->ValidateCount(context);
-  return ElementToXmlCol(context, owner, writer);
+  auto const collection = GetCollection(owner);
+  if (!context.GetIgnoreInvalidCollectionCounts()) collection->ValidateCount(context);
+  return WriteCollection(context, *collection, writer);
 }
 
 bool CElementInfoSeqCol::ElementToXml(CSerializationContext const& context,

@@ -76,7 +76,7 @@ class KESTXML_API CElementInfoSeqPrimOpt : public SeqOpt<CPrimitiveElementInfo> 
 class KESTXML_API CElementInfoSeqEnumMnd : public SeqMnd<CEnumElementInfo> { using Base::Base; };
 class KESTXML_API CElementInfoSeqEnumOpt : public SeqOpt<CEnumElementInfo> { using Base::Base; };
 class KESTXML_API CElementInfoSeqClsMnd : public SeqMnd<CClassElementInfo> { using Base::Base; };
-class KESTXML_API CElementInfoSeqClsOpt : public SeqOpt<CClassElementInfo> { using Base::Base; };
+class KESTXML_API CElementInfoSeqClsOpt : public SeqOpt<COptionalClassElementInfo> { using Base::Base; };
 class KESTXML_API CElementInfoSeqAbsClsMnd : public SeqMnd<CAbstractClassElementInfo> { using Base::Base; };
 class KESTXML_API CElementInfoSeqAbsClsOpt : public SeqOpt<CAbstractClassElementInfo> { using Base::Base; };
 class KESTXML_API CElementInfoSeqUntpdMnd : public SeqMnd<CWildcardElementInfo> { using Base::Base; };
@@ -84,7 +84,7 @@ class KESTXML_API CElementInfoSeqUntpdOpt : public SeqOpt<CWildcardElementInfo> 
 
 class KESTXML_API CElementInfoChoicePrimOpt : public ChoiceOpt<CPrimitiveElementInfo> { using Base::Base; };
 class KESTXML_API CElementInfoChoiceEnumOpt : public ChoiceOpt<CEnumElementInfo> { using Base::Base; };
-class KESTXML_API CElementInfoChoiceClsOpt : public ChoiceOpt<CClassElementInfo> { using Base::Base; };
+class KESTXML_API CElementInfoChoiceClsOpt : public ChoiceOpt<COptionalClassElementInfo> { using Base::Base; };
 class KESTXML_API CElementInfoChoiceAbsClsOpt : public ChoiceOpt<CAbstractClassElementInfo> { using Base::Base; };
 class KESTXML_API CElementInfoChoiceUntpdOpt : public ChoiceOpt<CWildcardElementInfo> { using Base::Base; };
 
@@ -93,8 +93,15 @@ class KESTXML_API CElementInfoAllPrimOpt : public AllOpt<CPrimitiveElementInfo> 
 class KESTXML_API CElementInfoAllEnumMnd : public AllMnd<CEnumElementInfo> { using Base::Base; };
 class KESTXML_API CElementInfoAllEnumOpt : public AllOpt<CEnumElementInfo> { using Base::Base; };
 class KESTXML_API CElementInfoAllClsMnd : public AllMnd<CClassElementInfo> { using Base::Base; };
-class KESTXML_API CElementInfoAllClsOpt : public AllOpt<CClassElementInfo> { using Base::Base; };
-class KESTXML_API CElementInfoAllAbsClsMnd : public AllMnd<CAbstractClassElementInfo> { using Base::Base; };
+class KESTXML_API CElementInfoAllClsOpt : public AllOpt<COptionalClassElementInfo> { using Base::Base; };
+class KESTXML_API CElementInfoAllAbsClsMnd : public AllMnd<CAbstractClassElementInfo> {
+ public:
+  /// @param reserved is not read.
+  CElementInfoAllAbsClsMnd(char16_t const* name, char16_t const* ns, std::int32_t propertyIndex,
+                           XmlElementType elementType, ElementFactory factory,
+                           [[maybe_unused]] int reserved)
+      : Base(name, ns, propertyIndex, elementType, factory) {}
+};
 class KESTXML_API CElementInfoAllAbsClsOpt : public AllOpt<CAbstractClassElementInfo> { using Base::Base; };
 class KESTXML_API CElementInfoAllUntpdMnd : public AllMnd<CWildcardElementInfo> { using Base::Base; };
 class KESTXML_API CElementInfoAllUntpdOpt : public AllOpt<CWildcardElementInfo> { using Base::Base; };

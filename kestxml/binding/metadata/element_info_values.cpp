@@ -1,6 +1,7 @@
 #include "kestxml/binding/metadata/element_info_values.h"
 
 #include "kestxml/binding/element.h"
+#include "kestxml/binding/internal/call_levels.h"
 #include "kestxml/binding/internal/text_view.h"
 #include "kestxml/binding/serialization_context.h"
 #include "kestxml/binding/xml_generated_class.h"
@@ -30,7 +31,7 @@ bool CPrimitiveElementInfo::Read(Group group, Occurrence occurrence, ElementRead
       matches = true;
     }
     while (!matches && read.context.GetIgnoreUnknownElements() && read.current) {
-      read.current = read.current->GetNextSiblingElement();
+      read.current = internal::PassOver(*read.current);
       matches = IsThisElement(read.context, read.current);
     }
   }

@@ -17,8 +17,10 @@ using KestXmlLib20::CSmartPtr;
 enum class Group { Seq, Choice, All };
 enum class Occurrence { Mnd, Opt };
 
-/// Generated functions that make an object: of a class by its number, or of the class that an
-/// element of the document calls for. The second gives null for an element that it can't place.
+/// Generated functions that make an object, and are never null themselves. The first makes one of
+/// the class with a number that generated code gave it; a null result is as if the element were
+/// absent. The second makes one of the class that an element of the document calls for, and gives
+/// null for an element that it can't place.
 using ClassFactory = CSmartPtr<CXmlObjectBase> (*)(int classId, char16_t const* elementName);
 using ElementFactory = CSmartPtr<CXmlObjectBase> (*)(CXmlElement* element);
 
@@ -86,9 +88,12 @@ class KESTXML_API CObjectElementInfo : public CElementInfo {
 /// A property of one known class.
 class KESTXML_API CClassElementInfo : public CObjectElementInfo {
  public:
+  /// @param classId what @p factory is called with.
+  /// @param hasMandatoryContent whether an object without an element of its own must find something
+  ///   to read; false when all of its content is optional.
   CClassElementInfo(char16_t const* name, char16_t const* ns, std::int32_t propertyIndex,
                     XmlElementType elementType, ClassFactory factory, int classId,
-                    bool hasMandatoryContent = true)
+                    bool hasMandatoryContent)
       : CObjectElementInfo(name, ns, propertyIndex, elementType),
         m_factory(factory),
         m_classId(classId),
@@ -115,15 +120,20 @@ class KESTXML_API CClassElementInfo : public CObjectElementInfo {
   bool m_hasMandatoryContent;
 };
 
+/// The same where the element may be absent.
+class KESTXML_API COptionalClassElementInfo : public CClassElementInfo {
+ public:
+  COptionalClassElementInfo(char16_t const* name, char16_t const* ns, std::int32_t propertyIndex,
+                            XmlElementType elementType, ClassFactory factory, int classId)
+      : CClassElementInfo(name, ns, propertyIndex, elementType, factory, classId, true) {}
+};
+
 /// A property of an abstract class, or of a class with substitutions.
 class KESTXML_API CAbstractClassElementInfo : public CObjectElementInfo {
  public:
-  /// @param reserved belongs to the constructor of one class of the family; not read.
   CAbstractClassElementInfo(char16_t const* name, char16_t const* ns, std::int32_t propertyIndex,
-                            XmlElementType elementType, ElementFactory factory, int reserved = 0)
-      : CObjectElementInfo(name, ns, propertyIndex, elementType), m_factory(factory) {
-    static_cast<void>(reserved);
-  }
+                            XmlElementType elementType, ElementFactory factory)
+      : CObjectElementInfo(name, ns, propertyIndex, elementType), m_factory(factory) {}
 
  protected:
   bool Write(Group group, CSerializationContext const& context, CXmlGeneratedClass const* owner,
@@ -144,6 +154,7 @@ class KESTXML_API CAbstractClassElementInfo : public CObjectElementInfo {
 /// any name that its namespace restriction allows, another one only its own name.
 class KESTXML_API CWildcardElementInfo : public CElementInfo {
  public:
+  /// @param namespaceRestriction as in CXmlObjectBase::IsNamespaceValid, with @p targetNamespace.
   CWildcardElementInfo(char16_t const* name, char16_t const* ns, std::int32_t propertyIndex,
                        char16_t const* namespaceRestriction, char16_t const* targetNamespace);
 

@@ -17,6 +17,25 @@ class CXmlGeneratedClass;
 
 namespace KestXmlLib20Data {
 
+/// A type of objects of which something was found out. Several threads may note and look at once.
+class TypeNote {
+ public:
+  TypeNote() = default;
+  TypeNote(TypeNote const& other) : m_type(other.m_type.load(std::memory_order_relaxed)) {}
+  TypeNote& operator=(TypeNote const& other) {
+    m_type.store(other.m_type.load(std::memory_order_relaxed), std::memory_order_relaxed);
+    return *this;
+  }
+
+  bool Is(std::type_info const& type) const {
+    return m_type.load(std::memory_order_relaxed) == &type;
+  }
+  void Set(std::type_info const& type) { m_type.store(&type, std::memory_order_relaxed); }
+
+ private:
+  std::atomic<std::type_info const*> m_type = nullptr;
+};
+
 /// One record of each generated class: built once, read-only afterwards.
 class KESTXML_API CParentElementInfo {
  public:
@@ -73,8 +92,8 @@ class KESTXML_API CParentElementInfo {
   KestXmlLib20::CWhitespaceUtils::WhitespaceRule m_whitespaceRule;
   std::u16string m_primitiveFormatOverride;
   bool m_outputPrimitiveClassAsTextProperty;
-  // Of objects that were found not to be nillable. Objects of several types may share a record.
-  mutable std::atomic<std::type_info const*> m_notNillable = nullptr;
+  // Of objects that are not nillable. Objects of several types may share a record.
+  mutable TypeNote m_notNillable;
 };
 
 }  // namespace KestXmlLib20Data

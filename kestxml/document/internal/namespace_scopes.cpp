@@ -1,6 +1,6 @@
 #include "kestxml/document/internal/namespace_scopes.h"
 
-#include "kestxml/document/internal/same_text.h"
+#include "kestxml/values/same_text.h"
 
 namespace KestXmlLib20::internal {
 

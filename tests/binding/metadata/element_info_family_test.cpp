@@ -62,7 +62,10 @@ CElementInfo* ClsMnd() { return new Info(u"A", u"", 0, kType, MakeNote, 0, kHasC
 template <typename Info, XmlElementType kType, ClassFactory kMake, std::int32_t kIndex = 0>
 CElementInfo* Cls() { return new Info(u"A", u"", kIndex, kType, kMake, 0); }
 template <typename Info, XmlElementType kType, ClassFactory kMake>
-CElementInfo* AbsCls() { return new Info(u"A", u"", 0, kType, ForElement<kMake>); }
+CElementInfo* AbsCls() { 
+  if constexpr (std::is_same_v<Info, CElementInfoAllAbsClsMnd>) return new Info(u"A", u"", 0, kType, ForElement<kMake>, 0);
+  else return new Info(u"A", u"", 0, kType, ForElement<kMake>);
+ }
 template <typename Info>
 CElementInfo* Untpd() { return new Info(u"A", u"urn:a", 0, u"##any", u""); }
 template <typename Info>
@@ -198,7 +201,7 @@ EntryCase const kReads[] = {
     {"UntpdColOfOneNamespace",  Col<CElementInfoSeqUntpdCol>, Elements, kElement, nullptr, u"<A xmlns='urn:a'/><A xmlns='urn:a'/><A/>", u"true A 2"},
     {"UntpdColMissing",         Col<CElementInfoSeqUntpdCol>, Elements, kElement, nullptr, u"", u"true end 0"},
     {"ChoiceUntpdColMissing",   Col<CElementInfoChoiceUntpdCol>, Elements, kElement, nullptr, u"", u"false end 0"},
-    {"UntpdColOfOtherObjects",  Col<CElementInfoSeqUntpdCol>, Two, kElement, nullptr, u"<A/>", kNull},
+    {"UntpdColOfOtherObjects",  Col<CElementInfoSeqUntpdCol>, Two, kElement, nullptr, u"<A/>", u"Exception: Serialization Data Error : The collection should be a CElementCol, it was not!"},
 };
 // clang-format on
 

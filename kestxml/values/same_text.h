@@ -4,7 +4,7 @@
 #include <cstring>
 #include <string_view>
 
-namespace KestXmlLib20::internal {
+namespace KestXmlLib20 {
 
 /// As operator==, which compares 16-bit units one by one.
 inline bool IsSameText(std::u16string_view left, std::u16string_view right) {
@@ -13,4 +13,4 @@ inline bool IsSameText(std::u16string_view left, std::u16string_view right) {
          (length == 0 || std::memcmp(left.data(), right.data(), length * sizeof(char16_t)) == 0);
 }
 
-}  // namespace KestXmlLib20::internal
+}  // namespace KestXmlLib20
