@@ -6,7 +6,7 @@
 
 namespace KestXmlLib20 {
 
-void VerdictTable::Explain(std::string_view reason, bool isSame) {
+void VerdictTable::CountExplained(std::string_view reason, bool isSame) {
   Explained& explained = m_explained[reason];
   ++(isSame ? explained.same : explained.different);
 }

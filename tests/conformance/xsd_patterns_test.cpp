@@ -41,12 +41,7 @@ bool IsHeldAsString(std::string_view base) {
   return type && type->kind == ItemType_string;
 }
 
-struct Reason {
-  char const* text;
-  bool (*explains)(PatternRow const& row);
-};
-
-constexpr Reason kRefused[] = {
+constexpr Reason<PatternRow> kRefused[] = {
     {"name of a block that the translation does not know",
      [](PatternRow const& row) { return Has(row, R"(\\[pP]\{Is)"); }},
     {"class subtraction", [](PatternRow const& row) { return Has(row, R"(-\[)"); }},
@@ -54,7 +49,7 @@ constexpr Reason kRefused[] = {
      [](PatternRow const& row) { return Has(row, R"(\[[^\]]*\\[iIcC])"); }},
 };
 
-constexpr Reason kMisjudgedValue[] = {
+constexpr Reason<PatternRow> kMisjudgedValue[] = {
     {R"(`\d` is ASCII, so others are no digits)",
      [](PatternRow const& row) {
        return row.isValid && Has(row, R"(\\d)") && HasByteFrom(0x80, row.value);
@@ -79,7 +74,7 @@ constexpr Reason kMisjudgedValue[] = {
      [](PatternRow const& row) { return !row.isValid && !IsHeldAsString(row.base); }},
 };
 
-constexpr Reason kAccepted[] = {
+constexpr Reason<PatternRow> kAccepted[] = {
     {"groups of PCRE2, `(?...)`", [](PatternRow const& row) { return Has(row, R"(\(\?)"); }},
     {"lazy and possessive quantifiers",
      [](PatternRow const& row) { return Has(row, R"([*+?}][?+])"); }},
@@ -92,15 +87,9 @@ constexpr Reason kAccepted[] = {
      [](PatternRow const& row) { return row.pattern.starts_with(')'); }},
 };
 
-void Explain(VerdictTable& table, PatternRow const& row, std::span<Reason const> reasons,
-             bool isSame) {
-  auto const reason =
-      std::ranges::find_if(reasons, [&](Reason const& each) { return each.explains(row); });
-  if (reason == reasons.end()) {
-    table.FailToExplain(row.pattern + " on " + row.value);
-  } else {
-    table.Explain(reason->text, isSame);
-  }
+void Explain(VerdictTable& table, PatternRow const& row,
+             std::span<Reason<PatternRow> const> reasons, bool isSame) {
+  table.Explain(reasons, row, row.pattern + " on " + row.value, isSame);
 }
 
 enum class Outcome : std::uint8_t { Matches, Differs, PatternRefused };
