@@ -118,16 +118,18 @@ class CScript {
   std::vector<Call> m_calls;
 };
 
-void ReplaceAll(std::string& text, std::string_view from, std::string_view to) {
-  for (std::size_t at = 0; (at = text.find(from, at)) != text.npos; at += to.size())
-    text.replace(at, from.size(), to);
+std::string ReplaceAll(std::string_view text, std::string_view from, std::string_view to) {
+  std::string replaced;
+  for (std::size_t at; (at = text.find(from)) != text.npos; text.remove_prefix(at + from.size()))
+    replaced.append(text.substr(0, at)).append(to);
+  return replaced.append(text);
 }
 
 // The orders document, with characters that need no reference as themselves.
 std::string WithFewReferences(std::string text) {
   constexpr std::pair<char const*, char const*> kSpellings[] = {
       {"&quot;", "\""}, {"&apos;", "'"}, {"&#8364;", "€"}, {"&#x20AC;", "€"}};
-  for (auto const& [from, to] : kSpellings) ReplaceAll(text, from, to);
+  for (auto const& [from, to] : kSpellings) text = ReplaceAll(text, from, to);
   return text;
 }
 
