@@ -3,6 +3,7 @@
 #include <sys/mman.h>
 
 #include <cstdint>
+#include <cstdlib>
 #include <new>
 
 namespace KestXmlLib20::platform {
@@ -25,6 +26,14 @@ void* AllocateLargePages(std::size_t bytes) {
 
 void FreeLargePages(void* pages, std::size_t bytes) noexcept {
   munmap(pages, bytes);
+}
+
+void* MallocInLargePages(std::size_t bytes) noexcept {
+  if (bytes < 2 * kLargePage || bytes > SIZE_MAX - kLargePage) return std::malloc(bytes);
+  std::size_t const whole = (bytes + kLargePage - 1) / kLargePage * kLargePage;
+  void* const memory = std::aligned_alloc(kLargePage, whole);
+  if (memory) madvise(memory, whole, MADV_HUGEPAGE);
+  return memory;
 }
 
 }  // namespace KestXmlLib20::platform

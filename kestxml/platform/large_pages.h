@@ -15,4 +15,8 @@ inline constexpr std::size_t kLargePage = std::size_t{2} * 1024 * 1024;
 void* AllocateLargePages(std::size_t bytes);
 void FreeLargePages(void* pages, std::size_t bytes) noexcept;
 
+/// As malloc: null without memory, to be given back with free. What is large enough lies in large
+/// pages.
+void* MallocInLargePages(std::size_t bytes) noexcept;
+
 }  // namespace KestXmlLib20::platform

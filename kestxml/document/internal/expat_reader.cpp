@@ -1,11 +1,13 @@
 #include "kestxml/document/internal/expat_reader.h"
 
 #include <algorithm>
+#include <cstdlib>
 #include <cstring>
 #include <new>
 #include <string>
 #include <string_view>
 
+#include "kestxml/platform/large_pages.h"
 #include "kestxml/values/format_string.h"
 #include "kestxml/values/kest_exception.h"
 
@@ -16,8 +18,11 @@ static_assert(sizeof(XML_Char) == sizeof(char16_t));
 
 // Stands between URI and local name in the names that Expat reports. No XML text can hold it, and
 // unlike "|" it is one that Expat lets a document's own URIs live beside.
-constexpr char16_t kSeparator = u'\u0001';
+constexpr XML_Char kSeparator[] = {1, 0};
 constexpr XML_Char kUtf16[] = {'U', 'T', 'F', '-', '1', '6', 0};
+// The parser copies what it parses: a large document costs fewer page faults so.
+constexpr XML_Memory_Handling_Suite kMemory = {platform::MallocInLargePages, std::realloc,
+                                               std::free};
 // A parser that has seen no more, in bytes or in units of names, holds little memory.
 constexpr std::uint64_t kLittleForParser = std::uint64_t{64} * 1024;
 
@@ -61,10 +66,10 @@ CExpatReader::~CExpatReader() {
 }
 
 CExpatReader::Parser CExpatReader::TakeParser(bool namespaces, XML_Char const* encoding) {
-  if (!namespaces) return Parser(XML_ParserCreate(encoding));
+  if (!namespaces) return Parser(XML_ParserCreate_MM(encoding, &kMemory, nullptr));
   Parser spare = SpareParser::Take();
   if (spare && XML_ParserReset(spare.get(), encoding)) return spare;
-  return Parser(XML_ParserCreateNS(encoding, static_cast<XML_Char>(kSeparator)));
+  return Parser(XML_ParserCreate_MM(encoding, &kMemory, kSeparator));
 }
 
 template <auto Event, typename... Arguments>
@@ -140,14 +145,14 @@ bool CExpatReader::IsInLatest(XML_Char const* name) const {
   for (char16_t const unit : m_latest.uri->text) {
     if (*name++ != unit) return false;
   }
-  return *name == kSeparator;
+  return *name == kSeparator[0];
 }
 
 // The separator stands behind the URI; a name in no namespace has none.
 XmlName const* CExpatReader::InternName(XML_Char const* name) {
   if (!IsInLatest(name)) {
     std::size_t units = 0;
-    while (name[units] && name[units] != kSeparator) ++units;
+    while (name[units] && name[units] != kSeparator[0]) ++units;
     if (!name[units]) {
       if (!m_none.uri) m_none.uri = m_tree.InternUri(u"", 0);
       return Intern(m_none, name);
