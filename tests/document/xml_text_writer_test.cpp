@@ -154,8 +154,10 @@ constexpr OutputCase kNamespaces[] = {
      },
      u"<n:a/>"},
     {"EmptyAlias",
-     [](Writer& w) { w.Alias(u"", u"urn:x").Start(u"a", u"urn:x").Text(u"t").End(); },
-     u"<:a xmlns:=\"urn:x\">t</:a>"},
+     [](Writer& w) {
+       w.Alias(u"", u"urn:x").Start(u"a", u"urn:x").Attribute(u"i", u"1", u"urn:x").Text(u"t").End();
+     },
+     u"<:a xmlns:=\"urn:x\" :i=\"1\">t</:a>"},
     {"URIsAreNotEscaped",
      [](Writer& w) { w.Default(u"urn:&").Start(u"a").Attribute(u"i", u"1", u"urn:<").End(); },
      u"<a xmlns=\"urn:&\" xmlns:AA=\"urn:<\" AA:i=\"1\"/>"},
