@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "kestxml/binding/attribute_col.h"
+#include "kestxml/json/json_context.h"
 #include "kestxml/values/kest_exception.h"
 
 namespace KestXmlLib20 {
@@ -37,6 +38,16 @@ CSerializationContext::~CSerializationContext() = default;
 CSerializationContext& CSerializationContext::GetDefaultContext() {
   static auto& context = *new CSerializationContext;
   return context;
+}
+
+CJsonContext* CSerializationContext::GetJsonContext() const {
+  if (!m_jsonContext) m_jsonContext = std::make_shared<CJsonContext>();
+  return m_jsonContext.get();
+}
+
+CJsonContext const& CSerializationContext::FindJsonContext() const {
+  static auto const& defaults = *new CJsonContext;
+  return m_jsonContext ? *m_jsonContext : defaults;
 }
 
 void CSerializationContext::SetDefaultNamespaceURI(char16_t const* uri) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -13,6 +14,8 @@
 namespace KestXmlLib20 {
 
 class CAttributeCol;
+class CJsonContext;
+class CXmlObjectBase;
 
 /// How names relate to namespaces. Only DocumentTypeDefinition has an effect.
 enum class SchemaType : std::int32_t {
@@ -29,7 +32,8 @@ enum class SchemaType : std::int32_t {
 class KESTXML_API CSerializationContext {
  public:
   CSerializationContext();
-  /// Copies every setting; the additional root attributes, once there are any, are shared.
+  /// Copies every setting; the JSON context and the additional root attributes, once they are made,
+  /// are shared.
   CSerializationContext(CSerializationContext const&);
   CSerializationContext& operator=(CSerializationContext const&);
   virtual ~CSerializationContext();
@@ -37,6 +41,12 @@ class KESTXML_API CSerializationContext {
   /// The context of every operation that is given none, one for the process. A change to it is
   /// seen by all later operations.
   static CSerializationContext& GetDefaultContext();
+
+  /// The options of JSON; never null. The first call makes them.
+  CJsonContext* GetJsonContext() const;
+  /// The same without making them: those with their defaults when there are none. So reading and
+  /// writing leave a context as it is that other threads use.
+  CJsonContext const& FindJsonContext() const;
 
   /// The default namespace that a written document declares on its root. Default empty: none.
   std::u16string const& GetDefaultNamespaceURI() const { return m_defaultNamespaceURI; }
@@ -127,6 +137,11 @@ class KESTXML_API CSerializationContext {
   CSerializationLimits& GetLimits() { return m_limits; }
 
  private:
+  // Reading JSON ignores namespaces for as long as it takes, whatever context it is given.
+  friend class CXmlObjectBase;
+  void SetIgnoreNamespacesOfRead(bool value) const { m_ignoreNamespaces = value; }
+
+  mutable std::shared_ptr<CJsonContext> m_jsonContext;
   std::u16string m_defaultNamespaceURI;
   bool m_writeTypeAttribute = true;
   CNamespaceAliasMap m_namespaceAliases;
@@ -138,7 +153,7 @@ class KESTXML_API CSerializationContext {
   bool m_ignoreMissingMandatoryElements = false;
   bool m_ignoreUnknownElements = false;
   bool m_ignoreUnknownAttributes = false;
-  bool m_ignoreNamespaces = false;
+  mutable bool m_ignoreNamespaces = false;
   SchemaType m_schemaType = SchemaType::XmlSchema;
   bool m_noOptionalAttributeDefaultOutput = false;
   bool m_writeDefaultElementValues = false;

@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -13,6 +14,7 @@
 
 namespace KestXmlLib20 {
 
+class CBinaryData;
 class CXmlElement;
 namespace internal {
 class CXmlTree;
@@ -66,6 +68,20 @@ class KESTXML_API CXmlDocument : public CInstanceMonitor {
   /// Loads bytes, gzip or zlib data included. They must stay as they are until the load ends.
   void LoadXmlStream(unsigned char const* data, std::uint32_t length);
 
+  // JSON is made into XML and not loaded: each gives the XML document, in UTF-8, for the caller to
+  // load. All of them throw CKestValidationException where the text is no JSON, with line and
+  // position; CKestInvalidStateException for what has no XML; and CKestException beyond a limit, and
+  // for an element that the text leaves open. See docs/json.md for what becomes what.
+
+  /// Reads a file in UTF-8, gzip or zlib data included.
+  /// @throws CKestException, with an error code and the file's name, when it can't be read.
+  CBinaryData LoadJsonFile(char16_t const* fileName);
+  /// Reads UTF-8 with or without a byte order mark, gzip or zlib data included.
+  CBinaryData LoadJsonStream(unsigned char const* data, std::uint32_t length);
+  /// Reads UTF-8.
+  CBinaryData LoadJson(char const* text);
+  CBinaryData LoadJson(char16_t const* text);
+
   /// The URI that was bound last to a prefix anywhere in the document; empty when none was. The
   /// default namespace has the empty prefix.
   std::u16string LookupNamespaceFromAlias(std::u16string_view alias) const;
@@ -80,12 +96,14 @@ class KESTXML_API CXmlDocument : public CInstanceMonitor {
   virtual void Cleanup();
 
  private:
+  static CBinaryData ReadFile(char16_t const* fileName);
   void LoadWhole(char16_t const* fileName);
   void LoadInBlocks(char16_t const* fileName);
   void ParseBlocks(platform::File const& file, std::unique_ptr<unsigned char[]> block,
                    std::size_t length);
   void Parse(unsigned char const* data, std::uint32_t length);
   void ParseText(unsigned char const* data, std::uint32_t length);
+  CBinaryData ParseJson(std::span<unsigned char const> bytes) const;
   internal::ExpatReaderOptions ReaderOptions() const;
   void RequireDocumentElement() const;
 

@@ -63,6 +63,14 @@ void ReadAll(File const& file, char16_t const* fileName, std::uint64_t offset, v
   if (read.value != length) ThrowUnreadable(fileName, platform::kErrorHandleEof);
 }
 
+CBinaryData ReadAll(File const& file, char16_t const* fileName, std::uint32_t size) {
+  CBinaryData bytes;
+  if (size == 0) return bytes;
+  ReadAll(file, fileName, 0, bytes.PrepareAppend(size), size);
+  bytes.CommitAppend(size);
+  return bytes;
+}
+
 // Straight into the parser's own memory, in one piece unless the file is huge.
 void ParseFile(CExpatReader& reader, File const& file, char16_t const* fileName,
                std::span<unsigned char const> head, std::uint32_t size) {
@@ -92,6 +100,11 @@ void CXmlDocument::Load(char16_t const* fileName) {
   }
 }
 
+CBinaryData CXmlDocument::ReadFile(char16_t const* fileName) {
+  File const file = Open(fileName);
+  return ReadAll(file, fileName, SizeOf(file, fileName));
+}
+
 void CXmlDocument::LoadWhole(char16_t const* fileName) {
   File const file = Open(fileName);
   std::uint32_t const size = SizeOf(file, fileName);
@@ -99,9 +112,7 @@ void CXmlDocument::LoadWhole(char16_t const* fileName) {
   std::size_t const headLength = std::min<std::size_t>(size, sizeof head);
   ReadAll(file, fileName, 0, head, headLength);
   if (MayBeCompressed(head, headLength)) {
-    auto const bytes = std::make_unique_for_overwrite<unsigned char[]>(size);
-    ReadAll(file, fileName, 0, bytes.get(), size);
-    Parse(bytes.get(), size);
+    Parse(ReadAll(file, fileName, size).GetData(), size);
   } else {
     CExpatReader reader(*m_tree, ReaderOptions());
     ParseFile(reader, file, fileName, {head, headLength}, size);
