@@ -47,6 +47,7 @@
 #include "kestxml/json/json_context.h"
 #include "kestxml/json/json_reader_handler.h"
 #include "kestxml/json/json_text_reader.h"
+#include "kestxml/json/json_text_writer.h"
 #include "kestxml/platform/message_channel.h"
 #include "kestxml/platform/system_time.h"
 #include "kestxml/values/base64.h"

@@ -2,24 +2,22 @@
 // own ToXml_Int or FromXml_Int. The version is checked before the work and again before its result
 // is handed back.
 #include "kestxml/binding/element.h"
+#include "kestxml/binding/internal/output_way.h"
 #include "kestxml/binding/internal/text_view.h"
 #include "kestxml/binding/internal/version_guard.h"
 #include "kestxml/binding/serialization_context.h"
 #include "kestxml/binding/xml_object_base.h"
-#include "kestxml/document/async_output.h"
 #include "kestxml/document/binary_stream.h"
-#include "kestxml/document/byte_text_stream.h"
 #include "kestxml/document/file_text_stream.h"
 #include "kestxml/document/xml_document.h"
 #include "kestxml/document/xml_element.h"
 #include "kestxml/document/xml_text_writer.h"
 #include "kestxml/values/binary_data.h"
-#include "kestxml/values/compression.h"
 #include "kestxml/values/kest_exception.h"
 
 namespace KestXmlLib20 {
 
-using internal::CheckVersion, internal::TextOf;
+using internal::BytesOf, internal::CheckVersion, internal::GrowsAsItIsWritten, internal::TextOf;
 
 namespace {
 
@@ -70,10 +68,9 @@ CBinaryData CXmlObjectBase::ToXmlStream(bool includeDocHeader, bool prettyPrint,
                                         CSerializationContext const& context,
                                         CompressionType compression) {
   CheckVersion();
-  CByteTextStream stream(encoding);
-  WriteXml(stream, includeDocHeader, prettyPrint, eol, context);
-  CBinaryData data = stream.TakeBytes();
-  if (compression != CompressionType_None) CompressBinaryData(data, compression);
+  CBinaryData data = BytesOf(encoding, compression, [&](CTextStream& stream) {
+    WriteXml(stream, includeDocHeader, prettyPrint, eol, context);
+  });
   CheckVersion();
   return data;
 }
@@ -83,10 +80,7 @@ void CXmlObjectBase::ToXmlFile(char16_t const* fileName, bool includeDocHeader, 
                                CSerializationContext const& context,
                                CompressionType compression) const {
   CheckVersion();
-  if (compression == CompressionType_ZLib) {
-    throw CKestException(u"ZLIB Compression only available for To Stream methods.");
-  }
-  if (GetAsyncToXmlFile() && compression == CompressionType_None) {
+  if (GrowsAsItIsWritten(compression)) {
     CFileTextStream stream(TextOf(fileName), encoding);
     WriteXml(stream, includeDocHeader, prettyPrint, eol, context);
   } else {

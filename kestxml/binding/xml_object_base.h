@@ -66,15 +66,29 @@ class KESTXML_API CXmlObjectBase : public IEventSink {
   virtual void ToXmlFile(char16_t const* fileName, bool includeDocHeader, bool prettyPrint,
                          XmlEncoding encoding, EOLType eol, CSerializationContext const& context,
                          CompressionType compression) const;
+  /// Writes a file of JSON, as ToXmlFile does one of XML; but a byte order mark only stands where
+  /// the file grows as the object is walked.
+  virtual void ToJsonFile(char16_t const* fileName, bool prettyPrint, XmlEncoding encoding,
+                          EOLType eol, CSerializationContext const& context,
+                          CompressionType compression) const;
   /// The declaration names no encoding.
   virtual std::u16string ToXml(bool includeDocHeader, bool prettyPrint, EOLType eol,
                                CSerializationContext const& context);
+  /// The document as JSON, see docs/json.md, in the round-trip mode of the JSON context of
+  /// @p context. The three that write JSON also throw CKestException "Unknown Namespace: ..." for a
+  /// namespace that the mode asks for and no declaration of the root covers.
+  virtual std::u16string ToJson(bool prettyPrint, EOLType eol,
+                                CSerializationContext const& context);
   /// The bytes of the document, without a byte order mark.
   /// @throws CKestException for an encoding without a byte form, after the object has been written;
   /// and when compression does not make the document smaller, as with very short ones.
   virtual CBinaryData ToXmlStream(bool includeDocHeader, bool prettyPrint, XmlEncoding encoding,
                                   EOLType eol, CSerializationContext const& context,
                                   CompressionType compression);
+  /// The bytes of the document as JSON. Throws as ToXmlStream.
+  virtual CBinaryData ToJsonStream(bool prettyPrint, XmlEncoding encoding, EOLType eol,
+                                   CSerializationContext const& context,
+                                   CompressionType compression);
 
   // Reading. The object is the document's root element. What it held before goes where its class
   // says so, once the document has been parsed; what was read before a failure of its own stays.
@@ -86,14 +100,29 @@ class KESTXML_API CXmlObjectBase : public IEventSink {
   /// @throws CKestException, with an error code and, unless its later blocks are at fault, the
   /// file's name, when it can't be read.
   virtual void FromXmlFile(char16_t const* fileName, CSerializationContext const& context);
+  // JSON is made into XML first, see CXmlDocument::LoadJson, and that is read. What reading throws
+  // then is the inner failure of a CKestException "Error converting JSON to XML:" with the XML. In
+  // a round-trip mode other than JsonRoundTrip_Full, names are compared without namespaces, and
+  // @p context ignores namespaces meanwhile; after such a failure it goes on doing so, which
+  // callers count on.
+
+  /// Reads a file of JSON in UTF-8, gzip or zlib data included.
+  virtual void FromJsonFile(char16_t const* fileName, CSerializationContext const& context);
   /// Reads UTF-16 text, whatever encoding its declaration names.
   virtual void FromXml(char16_t const* text, CSerializationContext const& context);
   /// Reads text in the encoding that its declaration names, UTF-8 without.
   virtual void FromXml(char const* text, CSerializationContext const& context);
+  virtual void FromJson(char16_t const* text, CSerializationContext const& context);
+  /// Reads JSON in UTF-8.
+  virtual void FromJson(char const* text, CSerializationContext const& context);
   /// Reads bytes, gzip or zlib data included. They are not changed.
   virtual void FromXmlStream(CBinaryData const& data, CSerializationContext const& context);
   virtual void FromXmlStream(unsigned char const* data, std::uint32_t length,
                              CSerializationContext const& context);
+  /// Reads JSON in UTF-8, gzip or zlib data included.
+  virtual void FromJsonStream(CBinaryData const& data, CSerializationContext const& context);
+  virtual void FromJsonStream(unsigned char const* data, std::uint32_t length,
+                              CSerializationContext const& context);
   /// Reads open content by way of its XML, which is written with the default context whatever
   /// @p context says.
   virtual void FromXmlElement(CElement const* element, CSerializationContext const& context);
@@ -222,8 +251,14 @@ class KESTXML_API CXmlObjectBase : public IEventSink {
 
   void WriteXml(CTextStream& stream, bool includeDocHeader, bool prettyPrint, EOLType eol,
                 CSerializationContext const& context) const;
+  void WriteJson(CTextStream& stream, bool prettyPrint, EOLType eol,
+                 CSerializationContext const& context) const;
   template <typename Load>
   void ReadXml(CSerializationContext const& context, Load load);
+  template <typename Load>
+  void ReadJson(CSerializationContext const& context, Load load);
+  void FromJson_Int(CBinaryData const& xml, CSerializationContext const& context);
+  void ReadConverted(CBinaryData const& xml, CSerializationContext const& context);
 
   std::u16string m_elementName;
   std::atomic<std::int32_t> m_refCount{0};

@@ -9,7 +9,7 @@
 #include "kestxml/json/json_context.h"
 #include "kestxml/values/binary_data.h"
 #include "kestxml/values/unicode.h"
-#include "tests/model/failure_chain.h"
+#include "tests/model/outcome.h"
 
 namespace KestXmlLib20 {
 
@@ -17,15 +17,13 @@ namespace KestXmlLib20 {
 template <typename Load>
 std::u16string ConvertedBy(CSerializationContext const& context, Load load) {
   constexpr std::string_view kDeclaration = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n";
-  std::u16string xml;
-  std::u16string const failure = KestModel::ThrownChain([&] {
+  return KestModel::OutcomeOf([&] {
     CXmlDocument document(context);
     CBinaryData const bytes = load(document);
     EXPECT_TRUE(bytes.GetView().starts_with(kDeclaration)) << bytes.GetView();
     EXPECT_EQ(document.GetDocumentElement(), nullptr) << "nothing is loaded";
-    xml = FromUtf8(bytes.GetView().substr(kDeclaration.size()));
+    return FromUtf8(bytes.GetView().substr(kDeclaration.size()));
   });
-  return failure == kNothingThrown ? xml : failure;
 }
 
 inline std::u16string Converted(std::u16string const& json,

@@ -41,8 +41,11 @@ std::u16string Events(std::u16string_view text, CJsonContext const& context = {}
   std::u16string events;
   auto handler = std::make_unique<Log>(events);
   CJsonTextReader reader(text, context, std::move(handler));
-  std::u16string const failure = KestModel::ThrownChain([&] { reader.Read(); });
-  return failure == kNothingThrown ? events : events + failure;
+  std::u16string const failure = KestModel::OutcomeOf([&] {
+    reader.Read();
+    return std::u16string();
+  });
+  return events + failure;
 }
 
 struct EventCase {
