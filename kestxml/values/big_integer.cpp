@@ -130,6 +130,11 @@ CBigInteger CBigInteger::Remainder(CBigInteger const& divisor) const {
   return {m_sign, internal::Divide(m_magnitude, divisor.m_magnitude).remainder};
 }
 
+// Times ten to the power @p power.
+CBigInteger CBigInteger::GetShifted(int power) const {
+  return {m_sign, internal::MultiplyByPowerOf10(m_magnitude, static_cast<std::size_t>(power))};
+}
+
 bool CBigInteger::IsNegative() const {
   return m_sign == -1 && !internal::IsZero(m_magnitude);
 }

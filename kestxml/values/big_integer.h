@@ -171,6 +171,7 @@ class KESTXML_API CBigInteger {
   CBigInteger Sum(std::int32_t otherSign, CBigInteger const& other) const;
   CBigInteger Quotient(CBigInteger const& divisor) const;
   CBigInteger Remainder(CBigInteger const& divisor) const;
+  CBigInteger GetShifted(int power) const;
   bool IsPositive() const;
   bool IsNegative() const;
   std::int64_t ToWrapped64() const;

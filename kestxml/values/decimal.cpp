@@ -75,11 +75,12 @@ void CDecimal::ParseWhole(std::u16string_view text) {
   read(parsed.integer.Get(), m_integer);
   read(parsed.fraction.Get(), m_fraction);
   m_divider = std::max(static_cast<int>(parsed.fraction.Get().size()), 1);
+  Rationalise();
   if (parsed.hasExponent) {
     CDecimal const power(PowerOf10(parsed.exponent));
     *this = parsed.isExponentNegative ? *this / power : *this * power;
+    Rationalise();
   }
-  Rationalise();
   LimitPlaces();
 }
 
@@ -145,14 +146,12 @@ void CDecimal::AlignSigns() {
 
 // The fraction in more places than it has.
 CBigInteger CDecimal::GetFractionAt(int places) const {
-  auto const added = static_cast<std::size_t>(places - m_divider);
-  if (added == 0) return m_fraction;
-  return {m_fraction.m_sign, internal::MultiplyByPowerOf10(m_fraction.m_magnitude, added)};
+  return places == m_divider ? m_fraction : m_fraction.GetShifted(places - m_divider);
 }
 
 // The value times ten to the power @p places, of which the fraction has no more.
 CBigInteger CDecimal::GetUnscaled(int places) const {
-  return m_integer * PowerOf10(places) + GetFractionAt(places);
+  return m_integer.GetShifted(places) + GetFractionAt(places);
 }
 
 // What arithmetic results in: @p value divided by ten to the power @p places, within the limit.
@@ -198,7 +197,7 @@ CDecimal CDecimal::operator*(CDecimal const& other) const {
 CDecimal CDecimal::operator/(CDecimal const& divisor) const {
   int const places = std::max(m_divider, divisor.m_divider);
   int const computed = MaxPlaces() + kGuardPlaces;
-  CBigInteger const dividend = GetUnscaled(places) * PowerOf10(computed);
+  CBigInteger const dividend = GetUnscaled(places).GetShifted(computed);
   return FromUnscaled(dividend / divisor.GetUnscaled(places), computed);
 }
 

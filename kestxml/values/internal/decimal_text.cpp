@@ -13,8 +13,8 @@ namespace {
 
 using Text = std::u16string_view;
 
-constexpr std::int64_t kMostDigits = 1000;     // on either side of the point, by an exponent
-constexpr std::int64_t kFarPower = INT32_MAX;  // more than the digits of any text make up for
+constexpr std::int64_t kMostDigits = 1000;         // on either side of the point, by an exponent
+constexpr std::int64_t kFarPower = 1'000'000'000;  // places and exponents; twice that fits 32 bits
 
 bool IsSign(char16_t unit) {
   return unit == u'-' || unit == u'+';
@@ -82,6 +82,7 @@ class Parser {
       ++m_at;
       m_result.fraction.Add(TakeDigits());
     } while (IsAtSpace());
+    if (m_result.fraction.Get().size() > kFarPower) ThrowAt(m_at);
   }
 
   // White space and signs may stand in front of the exponent's digits, but no longer behind them.
