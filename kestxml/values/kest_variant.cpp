@@ -156,8 +156,8 @@ void KestVariant::SetScalar(ItemType type, T value) {
 }
 
 template <typename T>
-void KestVariant::SetOwned(ItemType type, T value) {
-  auto owner = std::make_unique<T>(std::move(value));
+void KestVariant::SetOwned(ItemType type, T const& value) {
+  auto owner = std::make_unique<T>(value);
   SetScalar<void*>(type, owner.release());
 }
 

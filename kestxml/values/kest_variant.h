@@ -145,7 +145,7 @@ struct KESTXML_API KestVariant {
   template <typename T>
   void SetScalar(ItemType type, T value);
   template <typename T>
-  void SetOwned(ItemType type, T value);
+  void SetOwned(ItemType type, T const& value);
   template <typename T>
   T const* GetOwned() const;
   template <typename T>
