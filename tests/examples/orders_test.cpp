@@ -1,13 +1,15 @@
 // The classes of the order example.
 #include <gtest/gtest.h>
 
-#include <fstream>
-#include <iterator>
+#include <cstdlib>
+#include <optional>
+#include <string>
 #include <thread>
 #include <vector>
 
 #include "examples/orders/order.h"
 #include "tests/model/outcome.h"
+#include "tests/model/scratch_folder.h"
 
 namespace KestOrders {
 namespace {
@@ -24,8 +26,23 @@ std::u16string ThrownChain(Operation operation) {
 }
 
 std::string OrderText() {
-  std::ifstream in(KESTXML_ORDERS "/order.xml", std::ios::binary);
-  return {std::istreambuf_iterator<char>(in), {}};
+  return BytesOfFile(KESTXML_ORDERS "/order.xml");
+}
+
+/// What an independent validator makes of a document by the schema of the example; nothing where
+/// there is no xmllint.
+std::optional<bool> IsValidBySchema(std::string const& text) {
+  constexpr int kValid = 0;
+  constexpr int kInvalid = 3;
+  std::string const program = KESTXML_XMLLINT;
+  if (program.empty()) return std::nullopt;
+  ScratchFolder const folder;
+  int const status = std::system((program + " --noout --schema " KESTXML_ORDERS "/order.xsd " +
+                                  folder.MakeFile("order.xml", text) + " 2>/dev/null")
+                                     .c_str());
+  int const verdict = WEXITSTATUS(status);
+  EXPECT_TRUE(verdict == kValid || verdict == kInvalid) << "xmllint ended with " << verdict;
+  return verdict == kValid;
 }
 
 CSmartPtr<COrder> Read(std::string const& text, CSerializationContext const& context =
@@ -46,6 +63,11 @@ TEST(Orders, RoundTrip) {
   EXPECT_EQ(Write(*again), written);
   again->FromXml(written.c_str(), CSerializationContext::GetDefaultContext());
   EXPECT_EQ(Write(*again), written) << "read into an object that was in use";
+}
+
+TEST(Orders, AreWrittenAsTheSchemaHasThem) {
+  EXPECT_NE(IsValidBySchema(OrderText()), false);
+  EXPECT_NE(IsValidBySchema(ToUtf8(Write(*Read(OrderText())))), false);
 }
 
 TEST(Orders, HoldWhatTheDocumentSays) {
@@ -109,6 +131,18 @@ constexpr BrokenOrder kBrokenOrders[] = {
     {"TooManyValues", "<line>Sch", "<line>1</line><line>2</line><line>Sch",
      u"Exception: Failed to process the element. @ /order/shipTo/postal\n"
      u"Validation: The Maximum number of [line] elements allowed in this collection is 3"},
+    {"FractionDigits", "<price>62.50<", "<price>62.505<",
+     u"Exception: Failed to set the property value. @ /order/item[1]/price\n"
+     u"Exception: Invalid Value for price [62.505]."},
+    {"DigitsOfAnInteger", "<contract>4900", "<contract>490000000000",
+     u"Exception: Failed to set the property value. @ /order/header/contract\n"
+     u"Exception: Invalid Value for contract [49000000000000000000004217000003]."},
+    {"DateInACollection", "<visit>2026-03-23", "<visit>1999-12-31",
+     u"Exception: Failed to process the element. @ /order/item[4]\n"
+     u"Exception: Invalid Value for visit [1999-12-31]."},
+    {"NoDuration", "PT2H30M", "two hours",
+     u"Exception: Failed to process the element. @ /order/item[4]\n"
+     u"InvalidValue: Invalid XSD Duration [two hours] expected [-]P[nY][nM][nD][T[nH][nM][nS.ff]]"},
     {"NilOfAnother", "<shipTo>", "<shipTo xsi:nil=\"true\">",
      u"Exception: Invalid use of 'nil' attribute in non-nillable element. @ /order/shipTo"},
 };
@@ -122,6 +156,7 @@ TEST_P(BrokenOrderTest, EndsInItsFailure) {
   ASSERT_NE(at, std::string::npos);
   text.replace(at, std::string_view(GetParam().part).size(), GetParam().replacement);
   EXPECT_EQ(ToUtf8(ThrownChain([&] { Read(text); })), ToUtf8(GetParam().chain));
+  EXPECT_NE(IsValidBySchema(text), true);
 }
 
 INSTANTIATE_TEST_SUITE_P(Orders, BrokenOrderTest, testing::ValuesIn(kBrokenOrders),
