@@ -3,17 +3,23 @@
 
 #include <functional>
 #include <map>
+#include <span>
 #include <string>
 #include <utility>
 
 #include "kestxml/values/kest_exception.h"
 #include "tests/model/model_class.h"
+#include "tests/model/outcome.h"
 
 namespace KestModel {
 
 /// Tables with an owner.
 class CDesign {
  public:
+  /// A sequence with the name O.
+  CDesign(CElementInfo* entry) : CDesign(Sequence(), {entry}) {}
+  CDesign(std::initializer_list<CAttributeInfo*> attributes)
+      : CDesign(Sequence(), {}, attributes) {}
   CDesign(CParentElementInfo* classInfo, std::initializer_list<CElementInfo*> elements,
           std::initializer_list<CAttributeInfo*> attributes = {})
       : m_tables{classInfo, Table(elements), Table(attributes)} {}
@@ -23,6 +29,10 @@ class CDesign {
   Tables const& GetTables() const { return m_tables; }
 
  private:
+  static CParentElementInfo* Sequence() {
+    return Class(XmlElementGroupType_Sequence, XmlElementType_Element, u"O");
+  }
+
   Tables m_tables;
 };
 
@@ -72,6 +82,27 @@ class CAssembled : public CXmlGeneratedClass {
 
 inline CDesign::~CDesign() {
   CAssembled::CleanMetaData(m_tables.classInfo, m_tables.elements, m_tables.attributes);
+}
+
+/// A row of a table of tests.
+struct AssembledCase {
+  char const* name;
+  CDesign design;
+  CAssembled::InitProperties init;
+  Tolerate tolerate;
+  char16_t const* document;  ///< null where the object is only written
+  std::u16string outcome;
+};
+
+inline void ExpectOutcomes(std::span<AssembledCase const> rows) {
+  for (auto const& row : rows) {
+    SCOPED_TRACE(row.name);
+    CSmartPtr<CAssembled> const object(new CAssembled(row.design, row.init));
+    CSerializationContext const context = MakeContext(row.tolerate);
+    EXPECT_EQ(row.document ? Outcome(*object, Expand(row.document), context)
+                           : OutcomeOf([&] { return Written(*object, context); }),
+              Expand(row.outcome));
+  }
 }
 
 }  // namespace KestModel

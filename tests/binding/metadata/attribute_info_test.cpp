@@ -6,30 +6,20 @@
 #include "kestxml/binding/attribute_col.h"
 #include "tests/model/assembled.h"
 #include "tests/model/collections.h"
-#include "tests/model/outcome.h"
 
 namespace KestModel {
 namespace {
 
 using Properties = CAssembled::Properties;
-using MakeEntry = CAttributeInfo* (*)();
 
-template <bool kIsOptional, std::int32_t kIndex = 0>
-CAttributeInfo* Prim() {
-  return Attribute(u"a", kIndex, kIsOptional, {.type = ItemType_i4, .maxInclusive = u"4"});
+CAttributeInfo* Prim(bool isOptional, std::int32_t index = 0) {
+  return Attribute(u"a", index, isOptional, {.type = ItemType_i4, .maxInclusive = u"4"});
 }
-template <bool kIsOptional>
-CAttributeInfo* Enum() {
-  return new CAttributeInfoEnum(u"a", u"", 0, kIsOptional, ColorToString, StringToColor, nullptr);
+CAttributeInfo* Enum(bool isOptional) {
+  return new CAttributeInfoEnum(u"a", u"", 0, isOptional, ColorToString, StringToColor, nullptr);
 }
-CAttributeInfo* Any() {
-  return new CAttributeInfoAny(u"a", u"", 1, true, u"##any", u"", nullptr);
-}
-CAttributeInfo* Target() {
-  return new CAttributeInfoAny(u"a", u"", 1, true, u"##targetNamespace", u"urn:t", nullptr);
-}
-CAttributeInfo* OtherThanTarget() {
-  return new CAttributeInfoAny(u"a", u"", 1, true, u"##other", u"urn:t", nullptr);
+CAttributeInfo* Any(char16_t const* restriction = u"##any", char16_t const* target = u"") {
+  return new CAttributeInfoAny(u"a", u"", 1, true, restriction, target, nullptr);
 }
 
 void Attributes(Properties& p) {
@@ -46,57 +36,37 @@ void Number(Properties& p) {
   p[0].SetI4(kValue);
 }
 
-struct AttributeCase {
-  char const* name;
-  std::initializer_list<MakeEntry> entries;
-  void (*init)(Properties&);
-  char16_t const* document;  ///< null: is only written
-  char16_t const* outcome = nullptr;
-};
-
-constexpr char16_t kNotWritten[] =
-    u"Validation: Failed to convert the element [O] to XML\n"
-    u"Exception: Failed to convert attributes to XML\n";
+std::u16string NotWritten(std::u16string const& failure) {
+  return u"Validation: Failed to convert the element [O] to XML\n"
+         u"Exception: Failed to convert attributes to XML\n" +
+         failure;
+}
+constexpr char16_t kNotThere[] =
+    u"Validation: Failed to process the element. @ /O\n"
+    u"Validation: Failed to find the required Attribute [a].";
 
 // clang-format off
 TEST(AttributeInfo, IsReadAndWritten) {
-  AttributeCase const rows[] = {
-      {"Unset",           {Prim<true>, Enum<true>, Any}, nullptr, nullptr, u"<O/>"},
-      {"RequiredUnset",   {Prim<false>}, nullptr, nullptr, u"Exception: Invalid Type 0 to convert to string"},
-      {"BeyondBound",     {Prim<true>}, Number<5>, nullptr, u"Exception: Invalid Value for a [5]"},
-      {"NoColor",         {Enum<true>}, Number<7>, nullptr, u"InvalidValue: Invalid Color [7]"},
-      {"RefusedGet",      {Prim<true, kRefused>}, nullptr, nullptr, u"Validation: Failed to get the property value for [a].\nException: refused"},
-      {"RefusedSet",      {Prim<true, kRefused>}, nullptr, u"<O a='1'/>", u"Exception: Failed to set the property value [1]. @ /O/@a\nException: refused"},
-      {"EnumMissing",     {Enum<false>}, nullptr, u"<O/>",
-                          u"Validation: Failed to process the element. @ /O\nValidation: Failed to find the required Attribute [a]."},
+  AssembledCase const rows[] = {
+      {"Unset",           {Prim(true), Enum(true), Any()}, nullptr, nullptr, nullptr, u"<O/>"},
+      {"RequiredUnset",   {Prim(false)}, nullptr, nullptr, nullptr, NotWritten(u"Exception: Invalid Type 0 to convert to string")},
+      {"BeyondBound",     {Prim(true)}, Number<5>, nullptr, nullptr, NotWritten(u"Exception: Invalid Value for a [5]")},
+      {"NoColor",         {Enum(true)}, Number<7>, nullptr, nullptr, NotWritten(u"InvalidValue: Invalid Color [7]")},
+      {"RefusedGet",      {Prim(true, kRefused)}, nullptr, nullptr, nullptr, NotWritten(u"Validation: Failed to get the property value for [a].\nException: refused")},
+      {"RefusedSet",      {Prim(true, kRefused)}, nullptr, nullptr, u"<O a='1'/>", u"Exception: Failed to set the property value [1]. @ /O/@a\nException: refused"},
+      {"EnumMissing",     {Enum(false)}, nullptr, nullptr, u"<O/>", kNotThere},
       // A wildcard in front takes the attribute of the entry behind it.
-      {"WildcardBehind",  {Prim<false>, Any}, Attributes, u"<O a='1' b='2'/>"},
-      {"WildcardInFront", {Any, Prim<false>}, Attributes, u"<O a='1'/>",
-                          u"Validation: Failed to process the element. @ /O\nValidation: Failed to find the required Attribute [a]."},
-      {"NoneIsOther",     {OtherThanTarget}, Attributes, u"<O b='2'/>"},
-      {"NoneIsNotTarget", {Target}, Attributes, u"<O b='2'/>", u"Exception: Unexpected Attribute found. @ /O/@b"},
-      {"Narrower",        {Any}, ForeignAttributes, u"<O b='2'/>",
+      {"WildcardBehind",  {Prim(false), Any()}, Attributes, nullptr, u"<O a='1' b='2'/>", u"<O a='1' b='2'/>"},
+      {"WildcardInFront", {Any(), Prim(false)}, Attributes, nullptr, u"<O a='1'/>", kNotThere},
+      {"NoneIsOther",     {Any(u"##other", u"urn:t")}, Attributes, nullptr, u"<O b='2'/>", u"<O b='2'/>"},
+      {"NoneIsNotTarget", {Any(u"##targetNamespace", u"urn:t")}, Attributes, nullptr, u"<O b='2'/>", u"Exception: Unexpected Attribute found. @ /O/@b"},
+      {"Narrower",        {Any()}, ForeignAttributes, nullptr, u"<O b='2'/>",
                           u"Validation: Failed to process the element. @ /O\nInvalidNamespace: Invalid namespace []. The namespace must be one of [##other] where the target namespace is []."},
-      {"NoAttributes",    {Any}, Colors, u"<O b='2'/>",
+      {"NoAttributes",    {Any()}, Colors, nullptr, u"<O b='2'/>",
                           u"Validation: Failed to process the element. @ /O\nException: Serialization Data Error : The collection should be a CAttributeCol, it was not!"},
   };
   // clang-format on
-  for (auto const& row : rows) {
-    SCOPED_TRACE(row.name);
-    std::vector<CAttributeInfo*> entries;
-    for (auto const make : row.entries) entries.push_back(make());
-    entries.resize(3);  // null ends the table
-    CDesign const design(Class(XmlElementGroupType_Sequence, XmlElementType_Element, u"O"), {},
-                         {entries[0], entries[1], entries[2]});
-    CSmartPtr<CAssembled> const owner(new CAssembled(design, row.init));
-    std::u16string const expected = Expand(row.outcome ? row.outcome : row.document);
-    if (row.document) {
-      EXPECT_EQ(Outcome(*owner, Expand(row.document), {}), expected);
-    } else {
-      EXPECT_EQ(OutcomeOf([&] { return Written(*owner); }),
-                expected.starts_with(u'<') ? expected : kNotWritten + expected);
-    }
-  }
+  ExpectOutcomes(rows);
 }
 
 }  // namespace

@@ -263,7 +263,15 @@ TEST(ElementInfo, ValidatesAtTheEndOfAnAllGroup) {
   }
 }
 
-constexpr char16_t kNotWritten[] = u"Validation: Failed to convert the element [O] to XML\n";
+std::u16string NotWritten(std::u16string const& failure) {
+  return u"Validation: Failed to convert the element [O] to XML\n" + failure;
+}
+std::u16string NotSet(std::u16string const& failure) {
+  return u"Exception: Failed to set the property value. @ /O/A\nException: " + failure;
+}
+CElementInfo* Facet(Simple const& simple) {
+  return Primitive<CElementInfoSeqPrimMnd>(u"A", 0, simple);
+}
 
 Init const TwoNotes = [](Properties& p) {
   CSmartPtr<CNoteCol> const notes(new CNoteCol(u"A", u"", 0, 1));
@@ -274,80 +282,53 @@ Init const TwoNotes = [](Properties& p) {
 
 // clang-format off
 TEST(ElementInfo, WritesItsProperty) {
-  struct {
-    char const* name; MakeEntry entry; Init init; Tolerate tolerate; char16_t const* written; char16_t const* failure = u"";
-  } const rows[] = {
-      {"PrimMnd",    Prim<CElementInfoSeqPrimMnd>, nullptr, nullptr, kNotWritten, kNull},
-      {"EnumMnd",    Enum<CElementInfoAllEnumMnd>, nullptr, nullptr, kNotWritten, kNull},
-      {"ClsMnd",     ClsMnd<CElementInfoSeqClsMnd, kElement>, nullptr, nullptr, kNotWritten, kNull},
-      {"AbsClsMnd",  AbsCls<CElementInfoAllAbsClsMnd, kElement, MakeNote>, nullptr, nullptr, kNotWritten, kNull},
-      {"UntpdMnd",   Untpd<CElementInfoSeqUntpdMnd>, nullptr, nullptr, kNotWritten, kNull},
-      {"SeqCol",     Col<CElementInfoSeqCol>, nullptr, nullptr, kNotWritten, kNull},
-      {"ChoiceCol",  Col<CElementInfoChoiceCol>, nullptr, nullptr, u"<O/>"},
-      {"PrimOpt",    Prim<CElementInfoAllPrimOpt>, nullptr, nullptr, u"<O/>"},
-      {"EnumOpt",    Enum<CElementInfoSeqEnumOpt>, nullptr, nullptr, u"<O/>"},
-      {"ClsOpt",     Cls<CElementInfoAllClsOpt, kElement, MakeNote>, nullptr, nullptr, u"<O/>"},
-      {"UntpdOpt",   Untpd<CElementInfoSeqUntpdOpt>, nullptr, nullptr, u"<O/>"},
-      {"Refused",    Refused, nullptr, nullptr, kNotWritten, u"Validation: Failed to get the property value for [A].\nException: refused"},
-      {"Nil",        Bounded, Nil, nullptr, u"<O><A xmlns:AA=XSI AA:nil='true'/></O>"},
-      {"EnumNil",    Enum<CElementInfoSeqEnumMnd>, Nil, nullptr, u"<O><A xmlns:AA=XSI AA:nil='true'/></O>"},
-      {"Default",    Bounded, Number<5>, nullptr, u"<O><A/></O>"},
-      {"Bound",      Bounded, Number<4>, nullptr, u"<O><A>4</A></O>"},
-      {"BeyondBound", Bounded, Number<6>, nullptr, kNotWritten, u"Exception: Invalid Value for A [6]"},
-      {"NoColor",    Enum<CElementInfoSeqEnumMnd>, Number<7>, nullptr, kNotWritten, u"InvalidValue: Invalid Color [7]"},
-      {"Character",  Character, Letter, nullptr, kNotWritten, u"InvalidValue: Unknown type [char]."},
-      {"TooMany",    Col<CElementInfoSeqCol>, TwoNotes, nullptr, kNotWritten, u"Validation: The Maximum number of [A] elements allowed in this collection is 1"},
-      {"TooManyInAll", Col<CElementInfoAllCol>, TwoNotes, nullptr, kNotWritten, u"Validation: The Maximum number of [A] elements allowed in this collection is 1"},
-      {"TooManyTolerated", Col<CElementInfoSeqCol>, TwoNotes, AnyCount, u"<O><Note/><Note/></O>"},
-      {"TooManyInChoice", Col<CElementInfoChoiceCol>, TwoNotes, nullptr, u"<O><Note/><Note/></O>"},
-      {"NoMemberInChoice", Cls<CElementInfoChoiceClsOpt, kElement, MakeHeap>, Heap, nullptr, u"<O><Heap/></O>"},
-      {"NoMember",   Cls<CElementInfoSeqClsOpt, kElement, MakeHeap>, Heap, nullptr, kNotWritten,
-                     u"Validation: Failed to convert the element [Heap] to XML\nValidation: This element is a choice, and as such must have at one (and only one) valid item, currently there are none set"},
-      {"NoMemberTolerated", Cls<CElementInfoSeqClsOpt, kElement, MakeHeap>, Heap, MissingChoice, u"<O><Heap/></O>"},
+  AssembledCase const rows[] = {
+      {"PrimMnd",          Prim<CElementInfoSeqPrimMnd>(), nullptr, nullptr, nullptr, NotWritten(kNull)},
+      {"EnumMnd",          Enum<CElementInfoAllEnumMnd>(), nullptr, nullptr, nullptr, NotWritten(kNull)},
+      {"ClsMnd",           ClsMnd<CElementInfoSeqClsMnd, kElement>(), nullptr, nullptr, nullptr, NotWritten(kNull)},
+      {"AbsClsMnd",        AbsCls<CElementInfoAllAbsClsMnd, kElement, MakeNote>(), nullptr, nullptr, nullptr, NotWritten(kNull)},
+      {"UntpdMnd",         Untpd<CElementInfoSeqUntpdMnd>(), nullptr, nullptr, nullptr, NotWritten(kNull)},
+      {"SeqCol",           Col<CElementInfoSeqCol>(), nullptr, nullptr, nullptr, NotWritten(kNull)},
+      {"ChoiceCol",        Col<CElementInfoChoiceCol>(), nullptr, nullptr, nullptr, u"<O/>"},
+      {"PrimOpt",          Prim<CElementInfoAllPrimOpt>(), nullptr, nullptr, nullptr, u"<O/>"},
+      {"EnumOpt",          Enum<CElementInfoSeqEnumOpt>(), nullptr, nullptr, nullptr, u"<O/>"},
+      {"ClsOpt",           Cls<CElementInfoAllClsOpt, kElement, MakeNote>(), nullptr, nullptr, nullptr, u"<O/>"},
+      {"UntpdOpt",         Untpd<CElementInfoSeqUntpdOpt>(), nullptr, nullptr, nullptr, u"<O/>"},
+      {"Refused",          Refused(), nullptr, nullptr, nullptr, NotWritten(u"Validation: Failed to get the property value for [A].\nException: refused")},
+      {"Nil",              Bounded(), Nil, nullptr, nullptr, u"<O><A xmlns:AA=XSI AA:nil='true'/></O>"},
+      {"EnumNil",          Enum<CElementInfoSeqEnumMnd>(), Nil, nullptr, nullptr, u"<O><A xmlns:AA=XSI AA:nil='true'/></O>"},
+      {"Default",          Bounded(), Number<5>, nullptr, nullptr, u"<O><A/></O>"},
+      {"Bound",            Bounded(), Number<4>, nullptr, nullptr, u"<O><A>4</A></O>"},
+      {"BeyondBound",      Bounded(), Number<6>, nullptr, nullptr, NotWritten(u"Exception: Invalid Value for A [6]")},
+      {"NoColor",          Enum<CElementInfoSeqEnumMnd>(), Number<7>, nullptr, nullptr, NotWritten(u"InvalidValue: Invalid Color [7]")},
+      {"Character",        Character(), Letter, nullptr, nullptr, NotWritten(u"InvalidValue: Unknown type [char].")},
+      {"TooMany",          Col<CElementInfoSeqCol>(), TwoNotes, nullptr, nullptr, NotWritten(u"Validation: The Maximum number of [A] elements allowed in this collection is 1")},
+      {"TooManyInAll",     Col<CElementInfoAllCol>(), TwoNotes, nullptr, nullptr, NotWritten(u"Validation: The Maximum number of [A] elements allowed in this collection is 1")},
+      {"TooManyTolerated", Col<CElementInfoSeqCol>(), TwoNotes, AnyCount, nullptr, u"<O><Note/><Note/></O>"},
+      {"TooManyInChoice",  Col<CElementInfoChoiceCol>(), TwoNotes, nullptr, nullptr, u"<O><Note/><Note/></O>"},
+      {"NoMemberInChoice", Cls<CElementInfoChoiceClsOpt, kElement, MakeHeap>(), Heap, nullptr, nullptr, u"<O><Heap/></O>"},
+      {"NoMember",         Cls<CElementInfoSeqClsOpt, kElement, MakeHeap>(), Heap, nullptr, nullptr, NotWritten(u"Validation: Failed to convert the element [Heap] to XML\nValidation: This element is a choice, and as such must have at one (and only one) valid item, currently there are none set")},
+      {"NoMemberTolerated", Cls<CElementInfoSeqClsOpt, kElement, MakeHeap>(), Heap, MissingChoice, nullptr, u"<O><Heap/></O>"},
   };
-  // clang-format on
-  for (auto const& row : rows) {
-    SCOPED_TRACE(row.name);
-    CDesign const design(Class(XmlElementGroupType_Sequence, kElement, u"O"), {row.entry()});
-    CSmartPtr<CAssembled> const owner(new CAssembled(design, row.init));
-    EXPECT_EQ(OutcomeOf([&] { return Written(*owner, MakeContext(row.tolerate)); }),
-              Expand(row.written + std::u16string(row.failure)));
-  }
+  ExpectOutcomes(rows);
 }
 
-TEST(ElementInfo, TakesItsDefaultAsReadAndSoChecksIt) {
-  CDesign const design(Class(XmlElementGroupType_Sequence, kElement, u"O"), {Bounded()});
-  CSmartPtr<CAssembled> const owner(new CAssembled(design));
-  EXPECT_EQ(Outcome(*owner, u"<O><A/></O>", {}),
-            u"Exception: Failed to set the property value. @ /O/A\n"
-            u"Exception: Invalid Value for A [5]");
-}
-
-// clang-format off
 TEST(ElementInfo, ReportsTheFacetThatAValueViolates) {
-  struct {
-    char const* name; Simple simple; char16_t const* text; char16_t const* failure;
-  } const rows[] = {
-      {"Length",    {.maxLength = 1}, u"aa", u"Invalid Value for A [aa]."},
-      {"Pattern",   {.pattern = u"[a-z]+"}, u"A", u"Invalid Value for A [A]."},
-      {"NoPattern", {.pattern = u"("}, u"a", u"Invalid Regular Expression: a Error: 'missing closing parenthesis'\nInvalid Value for A [a]."},
-      {"Bound",     {.type = ItemType_ui1, .minInclusive = u"2"}, u"1", u"Invalid Value for A [1]"},
-      {"LongBound", {.type = ItemType_i8, .maxInclusive = u"2"}, u"3", u"Invalid Value for A [3]."},
-      {"NoBound",   {.type = ItemType_i4, .maxInclusive = u"x"}, u"1", u"The value [x] can not be converted to a i4\nInvalid Value for A [1]."},
-      {"RealBound", {.type = ItemType_r4, .minExclusive = u"2"}, u"2", u"Invalid Value for A [2.000000]"},
-      {"Bytes",     {.type = ItemType_hexBinary, .maxLength = 1}, u"0a0b", u"Invalid Value for A [0A0B]."},
+  AssembledCase const rows[] = {
+      {"Length",           Facet({.maxLength = 1}), nullptr, nullptr, u"<O><A>aa</A></O>", NotSet(u"Invalid Value for A [aa].")},
+      {"Pattern",          Facet({.pattern = u"[a-z]+"}), nullptr, nullptr, u"<O><A>A</A></O>", NotSet(u"Invalid Value for A [A].")},
+      {"NoPattern",        Facet({.pattern = u"("}), nullptr, nullptr, u"<O><A>a</A></O>", NotSet(u"Invalid Regular Expression: a Error: 'missing closing parenthesis'\nInvalid Value for A [a].")},
+      {"Bound",            Facet({.type = ItemType_ui1, .minInclusive = u"2"}), nullptr, nullptr, u"<O><A>1</A></O>", NotSet(u"Invalid Value for A [1]")},
+      {"LongBound",        Facet({.type = ItemType_i8, .maxInclusive = u"2"}), nullptr, nullptr, u"<O><A>3</A></O>", NotSet(u"Invalid Value for A [3].")},
+      {"NoBound",          Facet({.type = ItemType_i4, .maxInclusive = u"x"}), nullptr, nullptr, u"<O><A>1</A></O>", NotSet(u"The value [x] can not be converted to a i4\nInvalid Value for A [1].")},
+      {"RealBound",        Facet({.type = ItemType_r4, .minExclusive = u"2"}), nullptr, nullptr, u"<O><A>2</A></O>", NotSet(u"Invalid Value for A [2.000000]")},
+      {"Bytes",            Facet({.type = ItemType_hexBinary, .maxLength = 1}), nullptr, nullptr, u"<O><A>0a0b</A></O>", NotSet(u"Invalid Value for A [0A0B].")},
+      // A default is taken as if it had been read.
+      {"Default",          Bounded(), nullptr, nullptr, u"<O><A/></O>", NotSet(u"Invalid Value for A [5]")},
   };
-  // clang-format on
-  for (auto const& row : rows) {
-    SCOPED_TRACE(row.name);
-    CDesign const design(Class(XmlElementGroupType_Sequence, kElement, u"O"),
-                         {Primitive<CElementInfoSeqPrimMnd>(u"A", 0, row.simple)});
-    CSmartPtr<CAssembled> const owner(new CAssembled(design));
-    EXPECT_EQ(Outcome(*owner, u"<O><A>" + std::u16string(row.text) + u"</A></O>", {}),
-              u"Exception: Failed to set the property value. @ /O/A\nException: " +
-                  std::u16string(row.failure));
-  }
+  ExpectOutcomes(rows);
 }
+// clang-format on
 
 TEST(ElementInfo, ChecksOnlyPrimitives) {
   std::unique_ptr<CElementInfo> const entry(Enum<CElementInfoSeqEnumMnd>());
