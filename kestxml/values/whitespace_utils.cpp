@@ -1,6 +1,7 @@
 #include "kestxml/values/whitespace_utils.h"
 
 #include <algorithm>
+#include <cstdint>
 
 #include "kestxml/values/kest_exception.h"
 #include "kestxml/values/preserve_character_ref_cr.h"
@@ -21,9 +22,9 @@ bool IsPairAt(Text text, std::size_t at) {
 // Without an end before the last unit, so that many units can be looked at in one step.
 template <typename Is>
 bool Holds(Text text, Is is) {
-  bool holds = false;
-  for (char16_t const unit : text) holds |= is(unit);
-  return holds;
+  std::uint16_t holds = 0;  // as wide as a unit
+  for (char16_t const unit : text) holds = static_cast<std::uint16_t>(holds | is(unit));
+  return holds != 0;
 }
 
 // Whether a rule may find something in the text: whitespace or a null unit. Most values, such as
