@@ -73,9 +73,7 @@ void CXmlTypeCollection::CheckFacets(KestVariant const& value) const {
 
 void CXmlTypeCollection::WriteValue(CXmlWriter& writer, std::u16string_view elementName,
                                     std::u16string_view text, ItemType itemType) const {
-  writer.StartElement(elementName, CXmlCollectionBase::GetNamespace());
-  writer.WriteText(text, itemType, false);
-  writer.EndElement();
+  writer.WriteTextElement(elementName, CXmlCollectionBase::GetNamespace(), text, itemType, false);
 }
 
 }  // namespace KestXmlLib20

@@ -1,6 +1,7 @@
 #include "kestxml/document/xml_text_writer.h"
 
 #include <algorithm>
+#include <typeinfo>
 
 #include "kestxml/document/internal/text_pieces.h"
 #include "kestxml/document/internal/xml_escape.h"
@@ -8,6 +9,7 @@
 #include "kestxml/document/text_stream.h"
 #include "kestxml/document/xml_namespaces.h"
 #include "kestxml/document/xml_writer_context.h"
+#include "kestxml/values/same_text.h"
 
 namespace KestXmlLib20 {
 
@@ -206,6 +208,38 @@ void CXmlTextWriter::WriteTypeAttribute(std::u16string_view uri, std::u16string_
 void CXmlTextWriter::WriteNil() {
   RequireOpenStartTag();
   WriteAttribute(u"nil", kXmlSchemaInstanceNamespace, u"true", ItemType_boolean);
+}
+
+// Most elements of most documents: nothing to escape, no new prefix. They are never open, so no
+// context is made for them. A derived class still gets the three calls.
+void CXmlTextWriter::WriteTextElement(std::u16string_view localName, std::u16string_view uri,
+                                      std::u16string_view text, ItemType itemType,
+                                      bool isDefaultValue) {
+  CXmlWriterContext* const parent = m_pCurrentContext;
+  bool const hasPrefix =
+      !uri.empty() && parent && !IsSameText(uri, GetEffectiveDefaultNamespace(*parent));
+  auto const* const prefix = hasPrefix ? FindPrefix(*parent, uri) : nullptr;
+  if (!parent || (hasPrefix && !prefix) || !internal::IsPlainCharacterData(text) ||
+      typeid(*this) != typeid(CXmlTextWriter)) {
+    return CXmlWriter::WriteTextElement(localName, uri, text, itemType, isDefaultValue);
+  }
+  TestDepthIn(parent);
+  std::int32_t const depth = parent->m_depth + 1;
+  auto const margin = parent->m_startTagOpen ? TagEndAndMargin(depth) : Margin(depth);
+  ++parent->m_childCount;
+  parent->m_startTagOpen = false;
+
+  auto const prefixPiece = Piece(prefix ? std::u16string_view(*prefix) : std::u16string_view());
+  auto const colon = Piece(u':', hasPrefix);
+  auto const name = Piece(localName);
+  if (text.empty() || (isDefaultValue && !m_writeDefaultValues)) {
+    AppendPieces(Buffer(), Piece(margin), Piece(u'<'), prefixPiece, colon, name, Piece(u'/'),
+                 Piece(TagEnd()));
+  } else {
+    AppendPieces(Buffer(), Piece(margin), Piece(u'<'), prefixPiece, colon, name, Piece(u'>'),
+                 Piece(text), Piece(u'<'), Piece(u'/'), prefixPiece, colon, name, Piece(TagEnd()));
+  }
+  OfferFlush();
 }
 
 void CXmlTextWriter::AppendRaw(std::u16string_view text) {

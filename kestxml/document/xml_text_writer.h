@@ -61,6 +61,8 @@ class KESTXML_API CXmlTextWriter : public CXmlWriter {
   void WriteTypeAttribute(std::u16string_view uri, std::u16string_view typeName,
                           ItemType itemType) override;
   void WriteNil() override;
+  void WriteTextElement(std::u16string_view localName, std::u16string_view uri,
+                        std::u16string_view text, ItemType itemType, bool isDefaultValue) override;
 
  private:
   inline CStringBuffer& Buffer() const;

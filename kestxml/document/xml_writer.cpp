@@ -67,9 +67,8 @@ void CXmlWriter::AddNamespace(std::u16string_view alias, std::u16string_view uri
 
 CXmlWriter::CXmlWriterContext* CXmlWriter::CreateContext(std::u16string_view localName,
                                                          std::u16string_view uri) {
+  TestDepthIn(m_pCurrentContext);
   std::uint32_t const level = m_pCurrentContext ? m_pCurrentContext->m_level + 1 : 0;
-  if (ExceedsLimit(std::uint64_t{level} + 1, m_maxDepth))
-    CSerializationLimits::ThrowTooDeep(m_maxDepth, {});
   if (level == m_contexts.size()) {
     m_contexts.push_back(std::make_unique<CXmlWriterContext>());
     m_contexts.back()->m_level = level;
@@ -81,6 +80,19 @@ CXmlWriter::CXmlWriterContext* CXmlWriter::CreateContext(std::u16string_view loc
   }
   m_contexts[level]->Begin(m_pCurrentContext, localName, uri, m_scopes->GetDefault(level));
   return m_contexts[level].get();
+}
+
+void CXmlWriter::TestDepthIn(CXmlWriterContext const* parent) const {
+  std::uint64_t const depth = parent ? std::uint64_t{parent->m_level} + 2 : 1;
+  if (ExceedsLimit(depth, m_maxDepth)) CSerializationLimits::ThrowTooDeep(m_maxDepth, {});
+}
+
+void CXmlWriter::WriteTextElement(std::u16string_view localName, std::u16string_view uri,
+                                  std::u16string_view text, ItemType itemType,
+                                  bool isDefaultValue) {
+  StartElement(localName, uri);
+  WriteText(text, itemType, isDefaultValue);
+  EndElement();
 }
 
 void CXmlWriter::EndContext() {

@@ -74,6 +74,9 @@ class KESTXML_API CXmlWriter : public CInstanceMonitor {
                                   ItemType itemType) = 0;
   /// Writes xsi:nil="true".
   virtual void WriteNil() = 0;
+  /// StartElement, WriteText and EndElement in one call, which may be a shorter way.
+  virtual void WriteTextElement(std::u16string_view localName, std::u16string_view uri,
+                                std::u16string_view text, ItemType itemType, bool isDefaultValue);
 
   /// The innermost open element, null when none is.
   CXmlWriterContext* GetCurrentContext() const { return m_pCurrentContext; }
@@ -93,6 +96,9 @@ class KESTXML_API CXmlWriter : public CInstanceMonitor {
   /// current when the caller stores it in m_pCurrentContext; until then only one may be made. The
   /// writer owns it and uses it again for a later element of the same level.
   CXmlWriterContext* CreateContext(std::u16string_view localName, std::u16string_view uri);
+  /// @throws CKestException when an element in @p parent, which may be null, would lie deeper than
+  ///   the limit.
+  void TestDepthIn(CXmlWriterContext const* parent) const;
   /// Ends the current context and makes its parent current.
   /// @throws CKestException when none is open.
   void EndContext();

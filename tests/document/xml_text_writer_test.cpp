@@ -294,6 +294,50 @@ TEST(XmlTextWriter, WritesTheSameAcrossBlocks) {
   }
 }
 
+TEST(XmlTextWriter, RefusesATextElementTooDeep) {
+  CTextStream stream(XmlEncoding_None);
+  CXmlTextWriter writer(stream);
+  writer.SetMaxDepth(1);
+  writer.StartElement(u"a", u"");
+  EXPECT_EQ(Thrown([&] { writer.WriteTextElement(u"b", u"", u"x", ItemType_string, false); }),
+            u"The document exceeds the limit of 1 nested elements.");
+}
+
+// The short way for elements that hold only text writes what the three calls write.
+TEST(XmlTextWriter, WritesTextElementsAsByThreeCalls) {
+  for (bool const isFormatted : {true, false}) {
+    for (bool const isDefault : {true, false}) {
+      for (auto const uri : {u""sv, u"urn:default"sv, u"urn:known"sv, u"urn:new"sv}) {
+        for (auto const text : {u""sv, u"text"sv, u"<&\n"sv, u"<![CDATA[<]]>"sv, u"a\0b"sv}) {
+          auto const written = [&](bool isShort) {
+            CTextStream stream(XmlEncoding_None);
+            CXmlTextWriter writer(stream);
+            auto const element = [&] {
+              if (isShort) {
+                return writer.WriteTextElement(u"name", uri, text, ItemType_string, isDefault);
+              }
+              writer.StartElement(u"name", uri);
+              writer.WriteText(text, ItemType_string, isDefault);
+              writer.EndElement();
+            };
+            writer.OpenWriter();
+            writer.SetPrettyPrint(isFormatted);
+            writer.SetDefaultNamespace(u"urn:default");
+            writer.AddNamespace(u"k", u"urn:known");
+            writer.StartElement(u"root", u"urn:default");
+            element();
+            element();
+            writer.EndElement();
+            element();  // a root
+            return stream.GetBuffer().ToString();
+          };
+          EXPECT_EQ(written(true), written(false));
+        }
+      }
+    }
+  }
+}
+
 TEST(XmlTextWriter, NamesTheEncodingInTheDeclaration) {
   auto const declaration = [](XmlEncoding encoding) {
     return Written([](Writer& writer) { writer.WriteXmlDeclaration(); }, encoding);

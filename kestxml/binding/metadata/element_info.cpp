@@ -189,9 +189,7 @@ bool CElementInfo::WriteValue(CXmlWriter* writer, KestVariant const& value,
                               std::u16string_view text, ItemType itemType, bool isChecked) const {
   bool const isDefault = !m_defaultValue.empty() && text == m_defaultValue;
   if (!isDefault && isChecked) CheckRestriction(value);
-  writer->StartElement(m_elementName, m_elementNamespace);
-  writer->WriteText(text, itemType, isDefault);
-  writer->EndElement();
+  writer->WriteTextElement(m_elementName, m_elementNamespace, text, itemType, isDefault);
   return true;
 }
 

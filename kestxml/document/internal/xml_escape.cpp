@@ -117,6 +117,10 @@ void AppendCharacterData(CStringBuffer& out, std::u16string_view text,
   AppendEscaped<Place::Text>(out, text, lineEnd);
 }
 
+bool IsPlainCharacterData(std::u16string_view text) {
+  return CountPlainUnits<Place::Text>(text.data(), text.size()) == text.size();
+}
+
 void AppendAttributeValue(CStringBuffer& out, std::u16string_view text) {
   if (CountPlainUnits<Place::Attribute>(text.data(), text.size()) == text.size()) {
     AppendPieces(out, Piece(u'='), Piece(u'"'), Piece(text), Piece(u'"'));

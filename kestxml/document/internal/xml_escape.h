@@ -16,6 +16,9 @@ namespace KestXmlLib20::internal {
 /// A line feed becomes @p lineEnd; a quotation mark stays.
 void AppendCharacterData(CStringBuffer& out, std::u16string_view text, std::u16string_view lineEnd);
 
+/// Whether AppendCharacterData would append all of @p text as it stands.
+bool IsPlainCharacterData(std::u16string_view text);
+
 /// With the equals sign and the quotation marks around the value. A line feed becomes "&#xA;", a
 /// quotation mark "&quot;". A tab stays, so a reader makes a blank of it.
 void AppendAttributeValue(CStringBuffer& out, std::u16string_view text);
