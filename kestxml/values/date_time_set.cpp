@@ -15,7 +15,7 @@ using internal::KindOf;
 
 namespace {
 
-constexpr std::int64_t kSecondsPerDay = 24 * 60 * 60;
+constexpr std::int64_t kSecondsPerDay = 86'400;
 
 // Brings a number into a field, where one that is too large for it stays out of range.
 template <typename Field>
@@ -110,8 +110,8 @@ std::int64_t CDateTime::GetTime() const {
   }
   CDateTime const utc = GetNormalized();
   std::int64_t const day = internal::DayNumber({utc.m_year, utc.m_month, utc.m_day});
-  if (m_type == dt_date) return day * kSecondsPerDay;
-  return day * kSecondsPerDay + utc.m_hour * 3600 + utc.m_minute * 60 + utc.m_second;
+  int const second = utc.m_hour * 3600 + utc.m_minute * 60 + utc.m_second;
+  return day * kSecondsPerDay + (m_type == dt_dateTime ? second : 0);
 }
 
 unsigned char CDateTime::GetDayOfWeek() const {

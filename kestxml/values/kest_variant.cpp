@@ -440,7 +440,7 @@ CBigInteger KestVariant::GetInteger() const {
 std::u16string const& KestVariant::GetString() const {
   static std::u16string const empty;
   if (m_type != ItemType_string) return empty;
-  auto const* const reference = Load<std::u16string const*>();
+  auto const* const reference = static_cast<std::u16string const*>(Load<void*>());
   return reference ? *reference : m_text;
 }
 

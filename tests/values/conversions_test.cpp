@@ -78,6 +78,10 @@ constexpr TextCase kValues[] = {
     {"integerNoRule",     ItemType_integer, kNone, u" -007 ", u"-7"},
     {"integerTrailingTab", ItemType_integer, kNone, u"12\t", u"0"},
     {"integerNullIsTheEnd", ItemType_integer, kNone, u"12\0.9"sv, u"12"},
+    {"yearOfAnyDate",     ItemType_year, kCollapse, u" 0987-07-09Z ", u"987"},
+    {"yearBelowZeroWraps", ItemType_year, kNone, u"-0001", u"65535"},
+    {"dateOfAnotherForm", ItemType_date, kNone, u"2001", u"2001"},
+    {"durationCollapsed", ItemType_duration, kCollapse, u" P1D\n", u"P1D"},
     {"base64Bad",         ItemType_base64Binary, kNone, u"TW*=", u""},
 };
 

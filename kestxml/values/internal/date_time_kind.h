@@ -17,8 +17,8 @@ inline constexpr unsigned kWholeDate = kYear | kMonth | kDay;
 
 struct DateTimeKind {
   CDateTime::DTType type;
-  char16_t const* name;
   unsigned fields;
+  char16_t const* name;
   /// What is printed: Y, M and D stand for those fields, t for hh:mm:ss and the fraction.
   char16_t const* form;
 
@@ -27,19 +27,19 @@ struct DateTimeKind {
 
 // clang-format off
 inline constexpr DateTimeKind kDateTimeKinds[] = {
-    {CDateTime::dt_none,       u"yearZero",   0,                             u""},
-    {CDateTime::dt_dateTime,   u"dateTime",   kWholeDate | kTime,            u"Y-M-DTt"},
-    {CDateTime::dt_date,       u"date",       kWholeDate,                    u"Y-M-D"},
-    {CDateTime::dt_gYearMonth, u"gYearMonth", kYear | kMonth,                u"Y-M"},
-    {CDateTime::dt_gYear,      u"gYear",      kYear,                         u"Y"},
-    {CDateTime::dt_time,       u"time",       kTime,                         u"t"},
-    {CDateTime::dt_gDay,       u"gDay",       kDay,                          u"---D"},
-    {CDateTime::dt_gMonth,     u"gMonth",     kMonth,                        u"--M"},
-    {CDateTime::dt_gMonthDay,  u"gMonthDay",  kMonth | kDay,                 u"--M-D"},
+    {CDateTime::dt_none,       0,                   u"yearZero",   u""},
+    {CDateTime::dt_dateTime,   kWholeDate | kTime,  u"dateTime",   u"Y-M-DTt"},
+    {CDateTime::dt_date,       kWholeDate,          u"date",       u"Y-M-D"},
+    {CDateTime::dt_gYearMonth, kYear | kMonth,      u"gYearMonth", u"Y-M"},
+    {CDateTime::dt_gYear,      kYear,               u"gYear",      u"Y"},
+    {CDateTime::dt_time,       kTime,               u"time",       u"t"},
+    {CDateTime::dt_gDay,       kDay,                u"gDay",       u"---D"},
+    {CDateTime::dt_gMonth,     kMonth,              u"gMonth",     u"--M"},
+    {CDateTime::dt_gMonthDay,  kMonth | kDay,       u"gMonthDay",  u"--M-D"},
 };
 // clang-format on
 
-inline constexpr DateTimeKind kUnknownDateTimeKind = {{}, u"", 0, u""};
+inline constexpr DateTimeKind kUnknownDateTimeKind = {{}, 0, u"", u""};
 
 constexpr bool IsDateTimeKind(CDateTime::DTType type) {
   return type >= 0 && static_cast<std::size_t>(type) < std::size(kDateTimeKinds);
