@@ -61,7 +61,7 @@ Tables const& ItemTables() {
       Sequence(u"item"),
       Table<CElementInfo>(
           {Element<CElementInfoSeqPrimMnd>(u"name", 0, ItemType_string, kPreserve),
-           Element<CElementInfoSeqPrimMnd>(u"price", 1, ItemType_r8, kCollapse),
+           Element<CElementInfoSeqPrimMnd>(u"price", 1, ItemType_decimal, kCollapse),
            Element<CElementInfoSeqPrimMnd>(u"quantity", 2, ItemType_i4, kCollapse),
            Element<CElementInfoSeqPrimOpt>(u"discount", 3, ItemType_r8, kCollapse)}),
       Table<CAttributeInfo>({Attribute(u"sku", 4, ItemType_string, kPreserve),
@@ -74,8 +74,8 @@ Tables const& OrderTables() {
       Sequence(u"order"),
       Table<CElementInfo>(
           {Element<CElementInfoSeqPrimMnd>(u"customer", 0, ItemType_string, kPreserve),
-           Element<CElementInfoSeqPrimMnd>(u"date", 1, ItemType_string, kCollapse),
-           Element<CElementInfoSeqPrimMnd>(u"total", 2, ItemType_r8, kCollapse),
+           Element<CElementInfoSeqPrimMnd>(u"date", 1, ItemType_datetime, kCollapse),
+           Element<CElementInfoSeqPrimMnd>(u"total", 2, ItemType_decimal, kCollapse),
            Element<CElementInfoSeqPrimMnd>(u"note", 3, ItemType_string, kPreserve),
            new CElementInfoSeqClsCol(u"item", kOrdersNamespace, 4, XmlElementType_Element)}),
       Table<CAttributeInfo>({Attribute(u"id", 5, ItemType_i4, kCollapse),
@@ -116,11 +116,19 @@ void Access(std::optional<double>& member, bool read, KestVariant& value) {
   }
 }
 
-void Access(double& member, bool read, KestVariant& value) {
+void Access(CDecimal& member, bool read, KestVariant& value) {
   if (read) {
-    value.SetR8(member);
+    value.SetDecimal(member);
   } else {
-    member = value.GetR8();
+    member = value.GetDecimal();
+  }
+}
+
+void Access(CDateTime& member, bool read, KestVariant& value) {
+  if (read) {
+    value.SetDateTime(member);
+  } else {
+    member = value.GetDateTime();
   }
 }
 
@@ -166,7 +174,7 @@ CAttributeInfo** CItem::GetClassAttributeInfo() const {
 
 void CItem::Init() {
   m_name.clear();
-  m_price = 0;
+  m_price = CDecimal();
   m_quantity = 0;
   m_discount.reset();
   m_sku.clear();
@@ -207,8 +215,8 @@ CAttributeInfo** COrder::GetClassAttributeInfo() const {
 
 void COrder::Init() {
   m_customer.clear();
-  m_date.clear();
-  m_total = 0;
+  m_date = CDateTime();
+  m_total = CDecimal();
   m_note.clear();
   m_items = new COrdersCollection<CItem>(u"item");
   m_id = 0;

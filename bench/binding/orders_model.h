@@ -8,6 +8,8 @@
 #include "kestxml/binding/xml_generated_class.h"
 #include "kestxml/collections/kest_iterator.h"
 #include "kestxml/collections/xml_collection.h"
+#include "kestxml/values/date_time.h"
+#include "kestxml/values/decimal.h"
 #include "kestxml/values/kest_variant.h"
 #include "kestxml/values/smart_ptr.h"
 
@@ -46,7 +48,7 @@ class CItem : public COrdersClass {
 
  private:
   std::u16string m_name;
-  double m_price = 0;
+  KestXmlLib20::CDecimal m_price;
   std::int32_t m_quantity = 0;
   std::optional<double> m_discount;
   std::u16string m_sku;
@@ -83,8 +85,8 @@ class COrder : public COrdersClass {
 
  private:
   std::u16string m_customer;
-  std::u16string m_date;
-  double m_total = 0;
+  KestXmlLib20::CDateTime m_date;
+  KestXmlLib20::CDecimal m_total;
   std::u16string m_note;
   CSmartPtr<COrdersCollection<CItem>> m_items;
   std::int32_t m_id = 0;
