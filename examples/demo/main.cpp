@@ -6,6 +6,7 @@
 
 #include "examples/demo/any_document.h"
 #include "examples/demo/columns.h"
+#include "examples/demo/json_story.h"
 #include "examples/demo/language_list.h"
 #include "examples/demo/order_story.h"
 #include "examples/demo/round_trip.h"
@@ -77,8 +78,10 @@ void PrintTitle(char const* title) {
 bool ShowExamples() {
   PrintTitle("A purchase order, in classes that describe themselves by metadata");
   bool const isOrderGood = TellOrderStory(std::cout, KESTXML_DEMO_ORDER);
+  PrintTitle("The purchase order as JSON");
+  bool const isJsonGood = TellJsonStory(std::cout, KESTXML_DEMO_ORDER);
   PrintTitle("The languages of the world, in classes that read and write themselves");
-  return ShowLanguages() && isOrderGood;
+  return ShowLanguages() && isOrderGood && isJsonGood;
 }
 
 bool IsOrder(std::filesystem::path const& file) {

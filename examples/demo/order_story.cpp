@@ -1,13 +1,13 @@
 #include "examples/demo/order_story.h"
 
 #include <fstream>
-#include <functional>
 #include <iterator>
 #include <string>
 
 #include "examples/demo/columns.h"
 #include "examples/demo/line_diff.h"
 #include "examples/demo/order_table.h"
+#include "examples/demo/refusal.h"
 #include "examples/demo/round_trip.h"
 #include "examples/orders/order.h"
 
@@ -36,20 +36,6 @@ std::string ToText(COrder& order) {
 std::string ReadText(std::filesystem::path const& file) {
   std::ifstream in(file, std::ios::binary);
   return {std::istreambuf_iterator<char>(in), {}};
-}
-
-/// Runs @p work, which must be refused, and prints why.
-bool ShowRefused(std::ostream& out, char const* title, std::function<void()> const& work) try {
-  out << '\n' << title << "\n\n";
-  work();
-  out << "  It was accepted. That is a fault of the library.\n";
-  return false;
-} catch (CKestException const& failure) {
-  std::string message = ToUtf8(failure.GetFullMessage());
-  for (std::size_t end = 0; (end = message.find('\n', end)) != std::string::npos; end += 5)
-    message.replace(end, 1, "\n    ");
-  out << "    " << message << '\n';
-  return true;
 }
 
 /// Writes the order, reads that and compares the two.
