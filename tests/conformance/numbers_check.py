@@ -119,7 +119,7 @@ def integer_pair():
 
 def integer_root():
     text = digits(60)
-    return "ir", text, "", math.isqrt(int(text)) if int(text) else "ERROR: Overflow in operator/."
+    return "is", text, "", math.isqrt(int(text)) if int(text) else "ERROR: Overflow in operator/."
 
 
 def integer_lenient():
@@ -130,12 +130,6 @@ def integer_lenient():
         end -= 1
     value = int(number[end:] or "0")
     return "ip", text, "", -value if number.startswith("-") else value
-
-
-def integer_int():
-    value = random.choice((2**31, -(2**31), 0)) + random.randint(-3, 3)
-    fits = -(2**31) <= value < 2**31
-    return "ii", str(value), "", value if fits else "ERROR: Value out of bound of int."
 
 
 def decimal_pair():
@@ -173,7 +167,7 @@ def decimal_exponent():
         quotient = truncate(unscaled * 10**computed, 10 ** (exponent + places))
         value = Value.unscaled(quotient, computed).limit()
         sign = random.choice(("e-", "E +-"))
-    value = Value(value.negative, value.whole, value.fraction, value.places)
+    value = Value(value.negative, value.whole, value.fraction, value.places)  # without zeros
     return "dp", text + sign + str(exponent), "", value.text()
 
 
@@ -183,35 +177,19 @@ def decimal_places():
     places = random.randint(0, 20)
     half = Value(value.negative, 0, 5, places + 1)
     a, b, common = both(value, half)
-    return "df", text, str(places), Value.unscaled(a + b, common).text(places)
-
-
-def decimal_integer():
-    text = random.choice(("", "-")) + digits(20) + "." + digits(35)
-    value = Value.parse(text)
-    if random.random() < 0.5:
-        operation, bits, whole = "dl", 63, value.whole
-    else:
-        operation, bits = "di", 31
-        whole = value.whole + (value.fraction * 2 > 10**value.places)
-        whole -= value.fraction == 10**value.places  # rounded up, but not carried
-    whole = -whole if value.negative else whole
-    if -(2**bits) <= whole < 2**bits:
-        return operation, text, "", whole
-    name = "LONGLONG" if bits == 63 else "LONG"
-    return operation, text, "", f"The Decimal value if to large to fit into a {name}"
+    return "ds", text, str(places), Value.unscaled(a + b, common).text(places)
 
 
 def decimal_double():
     text = random.choice(("", "-")) + digits(30) + "." + digits(25)
-    return "dd", text, "", "%.17g" % float(Value.parse(text).text())
+    return "ds", text, "", "%.17g" % float(Value.parse(text).text())
 
 
 KINDS = (
     [integer_pair] * 8
-    + [integer_root, integer_lenient, integer_int]
+    + [integer_root, integer_lenient]
     + [decimal_pair] * 8
-    + [decimal_exponent, decimal_places, decimal_integer, decimal_double]
+    + [decimal_exponent, decimal_places, decimal_double]
 )
 
 

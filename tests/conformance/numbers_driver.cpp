@@ -3,7 +3,6 @@
 #include <cstdio>
 #include <iostream>
 #include <string>
-#include <vector>
 
 #include "kestxml/values/big_integer.h"
 #include "kestxml/values/decimal.h"
@@ -15,81 +14,44 @@ namespace {
 
 using Text = std::u16string;
 
-template <typename Number>
-Number Read(Text const& text) {
-  return Number(text.c_str());
+Text Remainder(CBigInteger const& left, CBigInteger const& right) {
+  return (left % right).ToString();
+}
+
+Text Special(CBigInteger const& number, char16_t const* /*argument*/) {
+  return number.SquareRoot().ToString();
+}
+
+// To a number of places, or as a double.
+Text Special(CDecimal const& number, char16_t const* argument) {
+  if (*argument != u'\0') return number.ToString(CDecimal(argument).ToLong());
+  char text[64];
+  std::snprintf(text, sizeof text, "%.17g", number.ToDouble());
+  return FromUtf8(text);
 }
 
 template <typename Number>
-Text Order(Number const& left, Number const& right) {
+Text Calculate(char16_t operation, Number const& left, char16_t const* argument) {
+  if (operation == u'p') return left.ToString();
+  if (operation == u's') return Special(left, argument);
+  Number const right(argument);
+  if (operation == u'+') return (left + right).ToString();
+  if (operation == u'-') return (left - right).ToString();
+  if (operation == u'*') return (left * right).ToString();
+  if (operation == u'/') return (left / right).ToString();
+  if (operation == u'%') return Remainder(CBigInteger(left), CBigInteger(right));
   if (left == right) return u"=";
   return left < right ? u"<" : u">";
 }
 
-// The operators and the text, of either class.
-template <typename Number>
-Text Calculate(char operation, Text const& left, Text const& right) {
-  Number const number = Read<Number>(left);
-  switch (operation) {
-    case 'p':
-      return number.ToString();
-    case '+':
-      return (number + Read<Number>(right)).ToString();
-    case '-':
-      return (number - Read<Number>(right)).ToString();
-    case '*':
-      return (number * Read<Number>(right)).ToString();
-    case '/':
-      return (number / Read<Number>(right)).ToString();
-    default:
-      return Order(number, Read<Number>(right));
-  }
-}
-
-Text CalculateInteger(char operation, Text const& left, Text const& right) {
-  switch (operation) {
-    case '%':
-      return (Read<CBigInteger>(left) % Read<CBigInteger>(right)).ToString();
-    case 'r':
-      return Read<CBigInteger>(left).SquareRoot().ToString();
-    case 'i':
-      return CBigInteger(int{Read<CBigInteger>(left)}).ToString();
-    default:
-      return Calculate<CBigInteger>(operation, left, right);
-  }
-}
-
-Text PrintDouble(double value) {
-  char text[64];
-  std::snprintf(text, sizeof text, "%.17g", value);
-  return FromUtf8(text);
-}
-
-Text CalculateDecimal(char operation, Text const& left, Text const& right) {
-  switch (operation) {
-    case 'f':
-      return Read<CDecimal>(left).ToString(int{Read<CBigInteger>(right)});
-    case 'l':
-      return CBigInteger(Read<CDecimal>(left).ToLongLong()).ToString();
-    case 'i':
-      return CBigInteger(Read<CDecimal>(left).ToLong()).ToString();
-    case 'd':
-      return PrintDouble(Read<CDecimal>(left).ToDouble());
-    default:
-      return Calculate<CDecimal>(operation, left, right);
-  }
-}
-
 // The operation has two letters: the class, i or d, and what is done.
 Text Answer(Text const& line) {
-  std::size_t const first = line.find(u'|');
-  std::size_t const second = line.find(u'|', first + 1);
-  Text const left = line.substr(first + 1, second - first - 1);
-  Text const right = line.substr(second + 1);
-  auto const operation = static_cast<char>(line[1]);
+  std::size_t const second = line.rfind(u'|');
+  Text const left = line.substr(3, second - 3);
+  char16_t const* const right = line.c_str() + second + 1;
   try {
-    return line[0] == u'i' ? CalculateInteger(operation, left, right)
-                           : CalculateDecimal(operation, left, right);
+    return line[0] == u'i' ? Calculate(line[1], CBigInteger(left.c_str()), right)
+                           : Calculate(line[1], CDecimal(left.c_str()), right);
   } catch (CKestException const& failure) {
     return failure.GetMessageW();
   }
