@@ -48,17 +48,12 @@ void CCollectionElementInfo::CollectionAttributesToXml(CSerializationContext con
   }
 }
 
-bool CCollectionElementInfo::WriteValidated(CSerializationContext const& context,
-                                            CXmlGeneratedClass const* owner,
-                                            CXmlWriter* writer) const {
+bool CCollectionElementInfo::ElementToXml(CSerializationContext const& context,
+                                          CXmlGeneratedClass const* owner,
+                                          CXmlWriter* writer) const {
   auto const collection = GetCollection(owner);
   if (!context.GetIgnoreInvalidCollectionCounts()) collection->ValidateCount(context);
   return WriteCollection(context, *collection, writer);
-}
-
-bool CElementInfoSeqCol::ElementToXml(CSerializationContext const& context,
-                                      CXmlGeneratedClass const* owner, CXmlWriter* writer) const {
-  return WriteValidated(context, owner, writer);
 }
 
 // A group with too few or too many items counts as not found, and its parent decides.
@@ -96,11 +91,6 @@ bool CElementInfoChoiceCol::ElementFromXml(CSerializationContext const& context,
   read.current = next;
   collection->ValidateCount(context);
   return true;
-}
-
-bool CElementInfoAllCol::ElementToXml(CSerializationContext const& context,
-                                      CXmlGeneratedClass const* owner, CXmlWriter* writer) const {
-  return WriteValidated(context, owner, writer);
 }
 
 bool CElementInfoAllCol::ElementFromXml(CSerializationContext const& context,

@@ -12,6 +12,10 @@ class KESTXML_API CCollectionElementInfo : public CElementInfo {
   CCollectionElementInfo(char16_t const* name, char16_t const* ns, std::int32_t propertyIndex)
       : CElementInfo(name, ns, propertyIndex) {}
 
+  /// Writes the collection once its number of items has been checked.
+  bool ElementToXml(CSerializationContext const& context, CXmlGeneratedClass const* owner,
+                    CXmlWriter* writer) const override;
+
  protected:
   KestXmlLib20::CSmartPtr<KestXmlLib20::CXmlCollectionBase> GetCollection(
       CXmlGeneratedClass const* owner) const;
@@ -23,17 +27,12 @@ class KESTXML_API CCollectionElementInfo : public CElementInfo {
   /// Writes the attributes of items that have no elements of their own.
   void CollectionAttributesToXml(CSerializationContext const& context,
                                  CXmlGeneratedClass const* owner, CXmlWriter* writer) const;
-  /// Writes the collection once its number of items has been checked.
-  bool WriteValidated(CSerializationContext const& context, CXmlGeneratedClass const* owner,
-                      CXmlWriter* writer) const;
 };
 
 /// A collection in a sequence.
 class KESTXML_API CElementInfoSeqCol : public CCollectionElementInfo {
  public:
   using CCollectionElementInfo::CCollectionElementInfo;
-  bool ElementToXml(CSerializationContext const& context, CXmlGeneratedClass const* owner,
-                    CXmlWriter* writer) const override;
   bool ElementFromXml(CSerializationContext const& context, CXmlGeneratedClass* owner,
                       CXmlElement* parent, CXmlElement** current, char16_t const* ownerNamespace,
                       XmlElementType ownerElementType) override;
@@ -55,8 +54,6 @@ class KESTXML_API CElementInfoChoiceCol : public CCollectionElementInfo {
 class KESTXML_API CElementInfoAllCol : public CCollectionElementInfo {
  public:
   using CCollectionElementInfo::CCollectionElementInfo;
-  bool ElementToXml(CSerializationContext const& context, CXmlGeneratedClass const* owner,
-                    CXmlWriter* writer) const override;
   bool ElementFromXml(CSerializationContext const& context, CXmlGeneratedClass* owner,
                       CXmlElement* parent, CXmlElement** current, char16_t const* ownerNamespace,
                       XmlElementType ownerElementType) override;
