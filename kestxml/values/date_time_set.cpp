@@ -25,7 +25,7 @@ Field Saturate(std::int64_t number) {
 }
 
 // A number that is no type has no fields, and a dateTime alone may take it.
-bool CanConvert(CDateTime::DTType from, CDateTime::DTType to) {
+bool CheckConversion(CDateTime::DTType from, CDateTime::DTType to) {
   if (from == to || to == CDateTime::dt_none) return true;
   if (!internal::IsDateTimeKind(from)) {
     throw CKestInvalidValueException(FormatString(u"Unknown date type %d.", from));
@@ -226,7 +226,7 @@ void CDateTime::SetGDay(unsigned char day) {
 }
 
 void CDateTime::SetDateTime(CDateTime const& other, DTType type) {
-  if (!CanConvert(other.m_type, type)) {
+  if (!CheckConversion(other.m_type, type)) {
     throw CKestInvalidValueException(FormatString(
         u"Attempting to set a CDateTime of type %s using an XmlDateTime of type %s. The source "
         u"CDateTime does not contian enough data to allow the conversion.",

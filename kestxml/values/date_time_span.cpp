@@ -1,5 +1,7 @@
 #include "kestxml/values/date_time_span.h"
 
+#include <span>
+
 #include "kestxml/values/internal/digit_text.h"
 
 namespace KestXmlLib20 {
@@ -77,7 +79,7 @@ CDateTime::DTCompareResult CDateTimeSpan::CompareTo(CDateTimeSpan const& other) 
     return (date + *this).CompareTo(date + other);
   };
   CDateTime::DTCompareResult const first = compareFrom(kReferences[0]);
-  for (Reference const& reference : kReferences) {
+  for (Reference const& reference : std::span(kReferences).subspan(1)) {
     if (compareFrom(reference) != first) return CDateTime::DTCompareResult_Indeterminate;
   }
   return first;
