@@ -154,9 +154,10 @@ class KESTXML_API CDateTime {
   /// @throws CKestInvalidValueException for other types.
   _SYSTEMTIME GetAsSystemTime() const;
 
-  // The parsers replace the value. A null unit ends a text. A zone with hour 24 counts as one with
-  // hour 0, the sign of a zone with hour 0 is lost, and text behind a time that does not begin as a
-  // zone does is passed over.
+  // The parsers replace the value; text that is refused leaves what was read of it, but a dateTime
+  // without a 'T' leaves the old value. A null unit ends a text. A zone with hour 24 counts as one
+  // with hour 0, the sign of a zone with hour 0 is lost, and text behind a time that does not begin
+  // as a zone does is passed over.
   // @throws CKestInvalidValueException where the text or a field is out of place.
   void ParseXSDDateTime(char16_t const* text);
   void ParseXSDDateTime(std::u16string_view text);

@@ -199,21 +199,23 @@ void CDateTime::ParseXSDDateTime(Text text) {
 }
 
 void CDateTime::ParseXSDDate(char16_t const* text) {
+  Clear();
   if (!text) throw CKestInvalidValueException(u"Invalid Date (Null String)");
   ParseXSDDate(Text(text));
 }
 
 void CDateTime::ParseXSDDate(Text text) {
+  Clear();
   text = internal::UpToNull(text);
   if (text.find(u'T') != Text::npos) {
     throw CKestInvalidValueException(u"Invalid Date ('T' not allowed)");
   }
-  Clear();
   SetXSDDate(text);
   Validate();
 }
 
 void CDateTime::ParseXSDTime(char16_t const* text) {
+  Clear();
   if (!text) throw CKestInvalidValueException(u"Invalid Time (Null String)");
   ParseXSDTime(Text(text));
 }

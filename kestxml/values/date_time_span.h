@@ -75,6 +75,8 @@ class KESTXML_API CDateTimeSpan {
   bool operator>(CDateTimeSpan const& other) const;
 
  private:
+  void Clear() { *this = CDateTimeSpan(); }
+
   std::uint16_t m_years = 0;
   std::uint32_t m_months = 0;
   std::uint32_t m_days = 0;

@@ -142,7 +142,7 @@ void CDateTimeSpan::ParseXSDDuration(char16_t const* text) {
 }
 
 void CDateTimeSpan::ParseXSDDuration(Text text) {
-  *this = CDateTimeSpan();
+  Clear();
   text = internal::UpToNull(text);
   if (text.empty()) throw CKestInvalidValueException(u"Invalid XSD Duration (Empty String)");
   if (Read(*this, text)) return;

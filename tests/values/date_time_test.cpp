@@ -115,6 +115,24 @@ TEST_P(NoDateText, IsRefused) {
 INSTANTIATE_TEST_SUITE_P(Forms, DateText, testing::ValuesIn(kTexts), RowName());
 INSTANTIATE_TEST_SUITE_P(Forms, NoDateText, testing::ValuesIn(kRefused), RowName());
 
+TEST(DateTime, IsGivenUpForTextOfNoShape) {
+  struct {
+    Parser parser;
+    char16_t const* text;
+    char16_t const* left;
+  } const rows[] = {
+      {kDate, nullptr, u"Error: Date Not Set"}, {kDate, u"T", u"Error: Date Not Set"},
+      {kDate, u"x", u"Error: Date Not Set"},    {kTime, nullptr, u"Error: Date Not Set"},
+      {kTime, u"x", u"Error: Date Not Set"},    {kDateTime, u"xTx", u"Error: Date Not Set"},
+      {kDateTime, nullptr, u"2004-07-09"},      {kDateTime, u"x", u"2004-07-09"},
+  };
+  for (auto const& row : rows) {
+    CDateTime value(2004, 7, 9);
+    EXPECT_THROW((value.*row.parser)(row.text), CKestInvalidValueException);
+    EXPECT_EQ(value.ToString(), row.left);
+  }
+}
+
 TEST(DateTime, PrintsNothingButItsForm) {
   CDateTime const value(2004, 7, 9);
   EXPECT_EQ(value.ToString(nullptr), u"");
