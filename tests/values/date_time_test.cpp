@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <cstdlib>
 #include <cstring>
 #include <ctime>
@@ -348,6 +349,13 @@ class ZoneScope {
   std::optional<std::string> m_old;
 };
 
+// In seconds since 1970, of the clock that GetTickCount reads: that of std::time may be some
+// milliseconds late, and so a second.
+std::int64_t Now() {
+  using Clock = std::chrono::system_clock;
+  return Clock::to_time_t(Clock::now());
+}
+
 struct ZoneCase {
   char const* zone;      // written out, so that the machine need not know any
   std::int64_t offset;   // of the wall clock, in seconds
@@ -370,10 +378,10 @@ TEST(DateTimeClock, IsThatOfTheWallInTheZoneOfTheProcess) {
     EXPECT_EQ(CDateTime(2000, 2, 29).GetDayOfWeek(), row.dayOfLeapDay2000);
     EXPECT_EQ(CDateTime(u"2000-02-29T12:30:00").GetAsSystemTime().wDayOfWeek,
               row.offset == 49'500 ? 3 : 2);
-    std::int64_t const before = std::time(nullptr) + row.offset;
+    std::int64_t const before = Now() + row.offset;
     CDateTime const now = CDateTime::GetTickCount();
     EXPECT_GE(now.GetTime(), before);
-    EXPECT_LE(now.GetTime(), std::time(nullptr) + row.offset);
+    EXPECT_LE(now.GetTime(), Now() + row.offset);
     EXPECT_FALSE(now.IsUTC());
   }
 }
