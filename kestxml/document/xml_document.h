@@ -70,8 +70,8 @@ class KESTXML_API CXmlDocument : public CInstanceMonitor {
 
   // JSON is made into XML and not loaded: each gives the XML document, in UTF-8, for the caller to
   // load. All of them throw CKestValidationException where the text is no JSON, with line and
-  // position; CKestInvalidStateException for what has no XML; and CKestException beyond a limit, and
-  // for an element that the text leaves open. See docs/json.md for what becomes what.
+  // position; CKestInvalidStateException for what has no XML; and CKestException beyond a limit,
+  // and for an element that the text leaves open. See docs/json.md for what becomes what.
 
   /// Reads a file in UTF-8, gzip or zlib data included.
   /// @throws CKestException, with an error code and the file's name, when it can't be read.
