@@ -24,7 +24,7 @@ CXmlWriter::CXmlWriterContext::~CXmlWriterContext() = default;
 
 void CXmlWriter::CXmlWriterContext::Begin(CXmlWriterContext* parent, std::u16string_view localName,
                                           std::u16string_view uri,
-                                          std::u16string_view defaultNamespace) {
+                                          std::u16string_view firstDefault) {
   m_childCount = 0;
   m_startTagOpen = true;
   m_depth = parent ? parent->m_depth + 1 : 0;
@@ -32,7 +32,7 @@ void CXmlWriter::CXmlWriterContext::Begin(CXmlWriterContext* parent, std::u16str
   m_arrayState = 0;
   m_localName = Store(localName, m_nameStorage);
   m_pParent = parent;
-  m_namespaceURI = IsSameText(uri, defaultNamespace) ? defaultNamespace : Store(uri, m_uriStorage);
+  m_namespaceURI = IsSameText(uri, firstDefault) ? firstDefault : Store(uri, m_uriStorage);
 }
 
 CXmlWriter::CXmlWriter()
@@ -78,7 +78,7 @@ CXmlWriter::CXmlWriterContext* CXmlWriter::CreateContext(std::u16string_view loc
   } else {
     m_scopes->End(level);  // what came with a context that never became current
   }
-  m_contexts[level]->Begin(m_pCurrentContext, localName, uri, m_scopes->GetDefault(level));
+  m_contexts[level]->Begin(m_pCurrentContext, localName, uri, m_scopes->GetFirstDefault());
   return m_contexts[level].get();
 }
 

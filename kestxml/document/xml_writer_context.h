@@ -36,12 +36,12 @@ class KESTXML_API CXmlWriter::CXmlWriterContext : public CInstanceMonitor {
   friend class CXmlWriter;
 
   inline void Begin(CXmlWriterContext* parent, std::u16string_view localName,
-                    std::u16string_view uri, std::u16string_view defaultNamespace);
+                    std::u16string_view uri, std::u16string_view firstDefault);
 
   std::u16string m_nameStorage;
   std::u16string m_uriStorage;
   std::u16string_view m_localName;         // of m_nameStorage
-  std::u16string_view m_namespaceURI;      // of m_uriStorage, or of the default namespace in force
+  std::u16string_view m_namespaceURI;      // of m_uriStorage, or what the root declares as default
   CXmlWriterContext* m_pParent = nullptr;  // set as long as the element is open; null for a root
   std::uint32_t m_level = 0;               // how many elements it lies in
 };

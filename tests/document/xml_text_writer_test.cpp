@@ -6,7 +6,6 @@
 #include "kestxml/document/text_stream.h"
 #include "kestxml/document/xml_namespaces.h"
 #include "kestxml/values/preserve_character_ref_cr.h"
-#include "tests/model/row_name.h"
 #include "tests/model/thrown.h"
 
 namespace KestXmlLib20 {
@@ -20,43 +19,29 @@ class Writer : public CXmlTextWriter {
   using CXmlTextWriter::CXmlTextWriter;
 
   Writer& Alias(std::u16string_view alias, std::u16string_view uri) {
-    AddNamespace(alias, uri);
-    return *this;
+    return AddNamespace(alias, uri), *this;
   }
-  Writer& Default(std::u16string_view uri) {
-    SetDefaultNamespace(uri);
-    return *this;
-  }
+  Writer& Default(std::u16string_view uri) { return SetDefaultNamespace(uri), *this; }
   Writer& Start(std::u16string_view localName, std::u16string_view uri = u"") {
-    StartElement(localName, uri);
-    return *this;
+    return StartElement(localName, uri), *this;
   }
   Writer& Text(std::u16string_view text, bool isDefault = false) {
-    WriteText(text, ItemType_string, isDefault);
-    return *this;
+    return WriteText(text, ItemType_string, isDefault), *this;
   }
   Writer& Attribute(std::u16string_view localName, std::u16string_view value,
                     std::u16string_view uri = u"") {
-    WriteAttribute(localName, uri, value, ItemType_string);
-    return *this;
+    return WriteAttribute(localName, uri, value, ItemType_string), *this;
   }
   Writer& Type(std::u16string_view uri, std::u16string_view typeName) {
-    WriteTypeAttribute(uri, typeName, ItemType_string);
-    return *this;
+    return WriteTypeAttribute(uri, typeName, ItemType_string), *this;
   }
-  Writer& Comment(std::u16string_view text) {
-    WriteComment(text);
-    return *this;
-  }
-  Writer& End() {
-    EndElement();
-    return *this;
-  }
+  Writer& Comment(std::u16string_view text) { return WriteComment(text), *this; }
+  Writer& End() { return EndElement(), *this; }
 };
 
 template <typename Write>
-std::u16string Written(Write const& write, XmlEncoding encoding = XmlEncoding_None) {
-  CTextStream stream(encoding);
+std::u16string Written(Write const& write) {
+  CTextStream stream(XmlEncoding_None);
   Writer writer(stream);
   writer.OpenWriter();
   write(writer);
@@ -69,10 +54,6 @@ struct OutputCase {
   void (*write)(Writer& w);
   char16_t const* expected;  // what is written, or the message
 };
-
-void PrintTo(OutputCase const& row, std::ostream* out) {
-  *out << row.name;
-}
 
 // clang-format off
 constexpr OutputCase kFormatted[] = {
@@ -173,6 +154,14 @@ constexpr OutputCase kNamespaces[] = {
            .Start(u"c", u"urn:e").End().End().Start(u"f", u"urn:d").End().End();
      },
      u"<a xmlns=\"urn:d\"><b><c/></b><f/></a>"},
+    {"DefaultsReplacedInTheSameElement",
+     [](Writer& w) {
+       w.Default(u"urn:d").Start(u"a", u"urn:d").Default(u"urn:e").Start(u"b", u"urn:e").End()
+           .Default(u"urn:a longer default namespace").Start(u"c", u"urn:e").End()
+           .Start(u"f", u"urn:a longer default namespace").Default(u"urn:d").End()
+           .Default(u"urn:d").End();
+     },
+     u"<a xmlns=\"urn:d\"><b/><AA:c xmlns:AA=\"urn:e\"/><f/></a>"},
     {"EndTagFollowsALaterPrefix",
      [](Writer& w) { w.Start(u"a", u"urn:x").Alias(u"p", u"urn:x").Text(u"t").End(); },
      u"<AA:a xmlns:AA=\"urn:x\">t</p:a>"},
@@ -212,27 +201,29 @@ constexpr OutputCase kRefusals[] = {
 };
 // clang-format on
 
-class FormattedOutput : public testing::TestWithParam<OutputCase> {};
-class UnformattedOutput : public testing::TestWithParam<OutputCase> {};
-class RefusedCalls : public testing::TestWithParam<OutputCase> {};
+template <std::size_t kCount>
+void ExpectOutput(OutputCase const (&rows)[kCount], bool prettyPrint) {
+  for (OutputCase const& row : rows) {
+    EXPECT_EQ(Written([&](Writer& writer) {
+                writer.SetPrettyPrint(prettyPrint);
+                row.write(writer);
+              }),
+              row.expected)
+        << row.name;
+  }
+}
 
-TEST_P(FormattedOutput, IsAsTold) {
-  EXPECT_EQ(Written(GetParam().write), GetParam().expected);
+TEST(XmlTextWriter, WritesAsTold) {
+  ExpectOutput(kFormatted, true);
+  ExpectOutput(kUnformatted, false);
+  ExpectOutput(kNamespaces, false);
 }
-TEST_P(UnformattedOutput, IsAsTold) {
-  auto const write = [](Writer& writer) {
-    writer.SetPrettyPrint(false);
-    GetParam().write(writer);
-  };
-  EXPECT_EQ(Written(write), GetParam().expected);
+
+TEST(XmlTextWriter, RefusesCallsOutOfPlace) {
+  for (OutputCase const& row : kRefusals) {
+    EXPECT_EQ(Thrown([&] { Written(row.write); }), row.expected) << row.name;
+  }
 }
-TEST_P(RefusedCalls, Throw) {
-  EXPECT_EQ(Thrown([] { Written(GetParam().write); }), GetParam().expected);
-}
-INSTANTIATE_TEST_SUITE_P(Document, FormattedOutput, testing::ValuesIn(kFormatted), RowName());
-INSTANTIATE_TEST_SUITE_P(Document, UnformattedOutput, testing::ValuesIn(kUnformatted), RowName());
-INSTANTIATE_TEST_SUITE_P(Namespace, UnformattedOutput, testing::ValuesIn(kNamespaces), RowName());
-INSTANTIATE_TEST_SUITE_P(All, RefusedCalls, testing::ValuesIn(kRefusals), RowName());
 
 // An element with @p value as its attribute and as its text.
 std::u16string Twice(std::u16string_view value, EOLType eolType = EOLType_LF) {
@@ -336,16 +327,6 @@ TEST(XmlTextWriter, WritesTextElementsAsByThreeCalls) {
       }
     }
   }
-}
-
-TEST(XmlTextWriter, NamesTheEncodingInTheDeclaration) {
-  auto const declaration = [](XmlEncoding encoding) {
-    return Written([](Writer& writer) { writer.WriteXmlDeclaration(); }, encoding);
-  };
-  EXPECT_EQ(declaration(XmlEncoding_None), u"<?xml version=\"1.0\"?>\n");
-  EXPECT_EQ(declaration(XmlEncoding_UTF8), u"<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n");
-  EXPECT_EQ(declaration(XmlEncoding_UTF16), u"<?xml version=\"1.0\" encoding=\"UTF-16\"?>\n");
-  EXPECT_EQ(declaration(XmlEncoding_UTF16NoDeclaration), u"<?xml version=\"1.0\"?>\n");
 }
 
 // Notes what the writer asks of it.

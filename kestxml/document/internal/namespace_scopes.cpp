@@ -5,19 +5,30 @@
 namespace KestXmlLib20::internal {
 
 void NamespaceScopes::Begin(std::u16string_view defaultNamespace, NamespaceMap const& namespaces) {
-  End(1);
+  m_firstDefault = defaultNamespace;
+  m_defaults.clear();
   m_prefixes.clear();
+  m_changes.clear();
   m_aliases = {};
   m_lastFound = nullptr;
-  m_defaults.resize(1);
-  m_defaults.back().text = defaultNamespace;
   for (auto const& [uri, prefix] : namespaces) SetPrefix(0, uri, prefix);
 }
 
-std::u16string const* NamespaceScopes::SeenFrom(std::uint32_t level, Prefixes const& prefixes) {
-  auto latest = prefixes.rbegin();
-  while (latest != prefixes.rend() && latest->level > level) ++latest;
-  return latest == prefixes.rend() ? nullptr : &latest->text;
+std::u16string const* NamespaceScopes::SeenFrom(std::uint32_t level, Settings const& settings) {
+  auto latest = settings.rbegin();
+  while (latest != settings.rend() && latest->level > level) ++latest;
+  return latest == settings.rend() ? nullptr : &latest->text;
+}
+
+// True when the level had none of its own.
+bool NamespaceScopes::Set(Settings& settings, std::uint32_t level, std::u16string_view text) {
+  bool const isNew = settings.empty() || settings.back().level != level;
+  if (isNew) {
+    settings.push_back({level, std::u16string(text)});
+  } else {
+    settings.back().text = text;
+  }
+  return isNew;
 }
 
 std::u16string const* NamespaceScopes::FindPrefix(std::uint32_t level,
@@ -39,30 +50,24 @@ NamespaceScopes::NamespaceMap NamespaceScopes::GetNamespaces(std::uint32_t level
   return seen;
 }
 
-// One that was set before at the same level stays, too: names are views of it.
 void NamespaceScopes::SetDefault(std::uint32_t level, std::u16string_view uri) {
-  if (m_defaults.back().level == level && m_defaults.back().text == uri) return;
-  m_defaults.push_back({level, std::u16string(uri)});
+  Set(m_defaults, level, uri);
 }
 
 void NamespaceScopes::SetPrefix(std::uint32_t level, std::u16string_view uri,
                                 std::u16string_view prefix) {
   auto const entry = m_prefixes.try_emplace(std::u16string(uri)).first;
-  Prefixes& prefixes = entry->second;
+  Settings& prefixes = entry->second;
   if (!prefixes.empty()) m_aliases.Release(prefixes.back().text);
-  if (!prefixes.empty() && prefixes.back().level == level) {
-    prefixes.back().text = prefix;
-  } else {
-    prefixes.push_back({level, std::u16string(prefix)});
-    if (level != 0) m_changes.push_back({level, entry});
-  }
+  bool const isNew = Set(prefixes, level, prefix);
+  if (isNew && level != 0) m_changes.push_back({level, entry});
   m_aliases.Use(prefixes.back().text);
 }
 
 void NamespaceScopes::TakeBackChange() {
   auto const entry = m_changes.back().entry;
   m_changes.pop_back();
-  Prefixes& prefixes = entry->second;
+  Settings& prefixes = entry->second;
   m_aliases.Release(prefixes.back().text);
   prefixes.pop_back();
   if (!prefixes.empty()) {

@@ -4,7 +4,6 @@
 #include <cstddef>
 #include <cstdint>
 #include <functional>
-#include <list>
 #include <map>
 #include <string>
 #include <string_view>
@@ -32,14 +31,15 @@ class NamespaceScopes {
   /// until the next begins.
   void End(std::uint32_t level) {
     while (!m_changes.empty() && m_changes.back().level >= level) TakeBackChange();
-    while (m_defaults.size() > 1 && m_defaults.back().level >= level) m_defaults.pop_back();
+    while (!m_defaults.empty() && m_defaults.back().level >= level) m_defaults.pop_back();
   }
 
-  /// What @p level sees. The text stays as it is and where it is until its own level ends.
+  /// What Begin was given. The text stays as it is and where it is until the next begins.
+  std::u16string const& GetFirstDefault() const { return m_firstDefault; }
+  /// What @p level sees. Valid until the next change.
   std::u16string const& GetDefault(std::uint32_t level) const {
-    auto latest = m_defaults.rbegin();
-    while (latest->level > level) ++latest;
-    return latest->text;
+    auto const* const changed = m_defaults.empty() ? nullptr : SeenFrom(level, m_defaults);
+    return changed ? *changed : m_firstDefault;
   }
   /// What @p level sees, null when that is no prefix. Valid until the next change.
   std::u16string const* FindPrefix(std::uint32_t level, std::u16string_view uri) const;
@@ -58,17 +58,19 @@ class NamespaceScopes {
     std::uint32_t level;
     std::u16string text;
   };
-  using Prefixes = std::vector<Setting>;  // of one URI, the innermost last
-  using PrefixMap = std::map<std::u16string, Prefixes, std::less<>>;
+  using Settings = std::vector<Setting>;  // one for each level that has its own, the innermost last
+  using PrefixMap = std::map<std::u16string, Settings, std::less<>>;
   struct Change {
     std::uint32_t level;
     PrefixMap::iterator entry;
   };
 
-  static std::u16string const* SeenFrom(std::uint32_t level, Prefixes const& prefixes);
+  static std::u16string const* SeenFrom(std::uint32_t level, Settings const& settings);
+  static bool Set(Settings& settings, std::uint32_t level, std::u16string_view text);
   void TakeBackChange();
 
-  std::list<Setting> m_defaults = {{0, {}}};  // the innermost last; the first stays
+  std::u16string m_firstDefault;
+  Settings m_defaults;  // that came later
   PrefixMap m_prefixes;
   std::vector<Change> m_changes;  // one for each setting in m_prefixes below the root, in order
   AliasNumbers m_aliases;         // of the innermost settings
