@@ -46,7 +46,8 @@ class Load : public testing::Test {
 
 TEST_F(Load, ReadsFilesOfEverySizeOnBothPaths) {
   for (bool const overlapped : {false, true}) {
-    for (std::size_t const length : {std::size_t{8}, kBlock - 1, kBlock + 1, 3 * kBlock + 17}) {
+    for (std::size_t const length :
+         {std::size_t{8}, kBlock - 1, kBlock + 1, 3 * kBlock + 17, 50 * kBlock + 1}) {
       CXmlDocument document;
       AsyncFromXmlFile(overlapped);
       document.Load(File(Document(length)).c_str());
