@@ -1,6 +1,7 @@
 // xsd:integer: a whole number of any length.
 #pragma once
 
+#include <concepts>
 #include <cstdint>
 #include <span>
 #include <string>
@@ -179,5 +180,60 @@ class KESTXML_API CBigInteger {
   internal::Magnitude m_magnitude;
   std::int32_t m_sign = 1;
 };
+
+namespace internal {
+template <typename L, typename R>
+concept BigAndMachineInteger = (std::derived_from<L, CBigInteger> && std::integral<R>) ||
+                               (std::integral<L> && std::derived_from<R, CBigInteger>);
+}  // namespace internal
+
+// With a machine integer on one side: since CBigInteger converts from and to those, the operators
+// above would be no better than those of machine integers, and the expression ambiguous.
+
+template <typename L, typename R>
+requires internal::BigAndMachineInteger<L, R> CBigInteger operator+(L const& left, R const& right) {
+  return CBigInteger(left) + CBigInteger(right);
+}
+template <typename L, typename R>
+requires internal::BigAndMachineInteger<L, R> CBigInteger operator-(L const& left, R const& right) {
+  return CBigInteger(left) - CBigInteger(right);
+}
+template <typename L, typename R>
+requires internal::BigAndMachineInteger<L, R> CBigInteger operator*(L const& left, R const& right) {
+  return CBigInteger(left) * CBigInteger(right);
+}
+template <typename L, typename R>
+requires internal::BigAndMachineInteger<L, R> CBigInteger operator/(L const& left, R const& right) {
+  return CBigInteger(left) / CBigInteger(right);
+}
+template <typename L, typename R>
+requires internal::BigAndMachineInteger<L, R> CBigInteger operator%(L const& left, R const& right) {
+  return CBigInteger(left) % CBigInteger(right);
+}
+template <typename L, typename R>
+requires internal::BigAndMachineInteger<L, R>
+bool operator==(L const& left, R const& right) {
+  return CBigInteger(left) == CBigInteger(right);
+}
+template <typename L, typename R>
+requires internal::BigAndMachineInteger<L, R>
+bool operator<(L const& left, R const& right) {
+  return CBigInteger(left) < CBigInteger(right);
+}
+template <typename L, typename R>
+requires internal::BigAndMachineInteger<L, R>
+bool operator>(L const& left, R const& right) {
+  return CBigInteger(left) > CBigInteger(right);
+}
+template <typename L, typename R>
+requires internal::BigAndMachineInteger<L, R>
+bool operator<=(L const& left, R const& right) {
+  return CBigInteger(left) <= CBigInteger(right);
+}
+template <typename L, typename R>
+requires internal::BigAndMachineInteger<L, R>
+bool operator>=(L const& left, R const& right) {
+  return CBigInteger(left) >= CBigInteger(right);
+}
 
 }  // namespace KestXmlLib20

@@ -178,6 +178,28 @@ TEST(BigInteger, ConvertsTo64BitsInPartsOf32) {
   }
 }
 
+// It converts from and to machine integers, and yet the operators are not ambiguous.
+TEST(BigInteger, CalculatesWithMachineIntegers) {
+  I const value = I::Pow10(20);
+  auto const expect = [&](auto two) {
+    EXPECT_EQ((two + value).ToString(), u"100000000000000000002");
+    EXPECT_EQ(value - two - (value + two), I(-4));
+    EXPECT_EQ(two * value, value * two);
+    EXPECT_EQ(value / two % 7, I(u"50000000000000000000") % I(7));
+    EXPECT_TRUE(value != two && two == I(2) && two < value && value > two);
+    EXPECT_TRUE(two <= I(2) && I(2) >= two);
+  };
+  expect(2);
+  expect(2U);
+  expect(2L);
+  expect(2UL);
+  expect(2LL);
+  expect(2ULL);
+  expect(short{2});
+  expect(static_cast<unsigned char>(2));
+  EXPECT_EQ(Thrown<CKestInvalidValueException>([&] { value / 0; }), kZeroDivisor);
+}
+
 TEST(BigInteger, UnaryMinusChangesItsOperand) {
   I value(3);
   EXPECT_EQ(&-value, &value);
