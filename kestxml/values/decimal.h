@@ -21,8 +21,11 @@ class KESTXML_API CDecimal {
  public:
   CDecimal() = default;
   CDecimal(int value) : m_integer(value) {}
+  CDecimal(unsigned value) : m_integer(value) {}
   CDecimal(long value) : m_integer(value) {}
+  CDecimal(unsigned long value) : m_integer(value) {}
   CDecimal(long long value) : m_integer(value) {}
+  CDecimal(unsigned long long value) : m_integer(value) {}
   /// The value to 13 places, no more.
   /// @throws CKestInvalidValueException for a NaN and for infinities, as text that is no number.
   CDecimal(double value);

@@ -159,6 +159,13 @@ TEST(Decimal, HasTwoPartsAndPlaces) {
   EXPECT_EQ(D(7).GetFractionDivider(), 1);
 }
 
+TEST(Decimal, IsMadeFromAnyMachineInteger) {
+  EXPECT_EQ(D(UINT32_MAX).ToString(), u"4294967295");
+  EXPECT_EQ(D(UINT64_MAX).ToString(), u"18446744073709551615");
+  EXPECT_EQ(D(INT64_MIN).ToString(), u"-9223372036854775808");
+  EXPECT_EQ(D(2ULL) + 1UL, D(short{3}));
+}
+
 TEST(Decimal, IsMadeFromDoubles) {
   EXPECT_EQ(D(0.1).ToString(), u"0.1");
   EXPECT_EQ(D(-2.5e-13).ToString(), u"-0.0000000000002");  // 13 places, no more
