@@ -137,7 +137,9 @@ TEST(Decimal, ExponentsMakeNumbersOfAThousandDigits) {
   EXPECT_EQ(D(u"0.01e1001").ToString(), u"1" + Repeat(999, u'0'));
   EXPECT_EQ(D(u"1e-1000").ToString(), u"0");
   EXPECT_EQ(D(u"0." + Repeat(1'000'000, u'0') + u"1e1000001"), D(1));  // in linear time
-  EXPECT_EQ(D(Repeat(2000, u'7')).ToString(), Repeat(2000, u'7'));  // without one there is no end
+  for (char16_t const* none : {u"", u"e", u"E+ "}) {  // without one there is no end
+    EXPECT_EQ(D(Repeat(2000, u'7') + none).ToString(), Repeat(2000, u'7'));
+  }
 }
 
 TEST(Decimal, PrintsUpTo1023Places) {

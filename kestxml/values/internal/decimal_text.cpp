@@ -92,6 +92,7 @@ class Parser {
       if (IsSign(*m_at)) isNegative = *m_at == u'-';
     }
     Text const digits = TakeDigits();
+    if (digits.empty()) return;
     std::int64_t exponent = 0;
     for (char16_t const digit : digits) {
       exponent = std::min(exponent * 10 + (digit - u'0'), kFarPower);
@@ -103,7 +104,7 @@ class Parser {
       ThrowAt(digits.data());
     }
     m_result.exponent = static_cast<std::int32_t>(exponent);
-    m_result.hasExponent = !digits.empty();
+    m_result.hasExponent = true;
   }
 
   bool IsZero() const {
