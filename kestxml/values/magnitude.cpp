@@ -21,7 +21,7 @@ void Magnitude::Grow(std::size_t size) {
 
 // What has become short, or was a constant, moves inside.
 void Magnitude::CopyOutside(Magnitude const& other) {
-  m_size = 0;
+  TakeInside(Magnitude());  // so that what is copied later was always set
   Resize(other.m_size);
   std::copy_n(other.Data(), other.m_size, Data());
 }
