@@ -89,7 +89,7 @@ struct KESTXML_API KestVariant {
   void SetChar(char16_t value);
   void SetString(std::u16string_view value);
   void SetString(std::u16string const& value) { SetString(std::u16string_view(value)); }
-  void SetString(char16_t const* value) { SetString(std::u16string_view(value)); }
+  void SetString(char16_t const* value) { SetString(std::u16string_view(value ? value : u"")); }
   void SetString(std::u16string&& value);
   /// Stores no copy: @p value must stay as it is for as long as this variant holds it, so this is
   /// for handing out the string of a property. A copy of the variant has a copy of the string.

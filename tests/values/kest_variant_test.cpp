@@ -153,6 +153,8 @@ TEST(Variant, ScalarsShareTheirBytes) {
 
 TEST(Variant, GettersOfWhatIsNotThereAreEmpty) {
   KestVariant value;
+  value.SetString(static_cast<char16_t const*>(nullptr));
+  EXPECT_EQ(value.ToString(), u"");
   value.SetI8(-1);
   EXPECT_EQ(value.GetString(), u"");
   EXPECT_EQ(value.GetHexBinary().GetData(), nullptr);
