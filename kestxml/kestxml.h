@@ -35,6 +35,7 @@
 #include "kestxml/document/namespace_alias_map.h"
 #include "kestxml/document/output_form.h"
 #include "kestxml/document/string_buffer.h"
+#include "kestxml/document/text_pieces.h"
 #include "kestxml/document/text_stream.h"
 #include "kestxml/document/xml_attribute.h"
 #include "kestxml/document/xml_document.h"

@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <typeinfo>
 
-#include "kestxml/document/internal/text_pieces.h"
 #include "kestxml/document/internal/xml_escape.h"
 #include "kestxml/document/string_buffer.h"
+#include "kestxml/document/text_pieces.h"
 #include "kestxml/document/text_stream.h"
 #include "kestxml/document/xml_namespaces.h"
 #include "kestxml/document/xml_writer_context.h"

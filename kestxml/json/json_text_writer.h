@@ -2,7 +2,6 @@
 #pragma once
 
 #include <cstdint>
-#include <initializer_list>
 #include <string>
 #include <string_view>
 
@@ -77,17 +76,24 @@ class KESTXML_API CJsonTextWriter : public CXmlWriter {
   /// message, or that of schema instances has none, with "type".
   void WriteTypeAttribute(std::u16string_view uri, std::u16string_view typeName,
                           ItemType itemType) override;
+  void WriteTextElement(std::u16string_view localName, std::u16string_view uri,
+                        std::u16string_view text, ItemType itemType, bool isDefaultValue) override;
 
  private:
+  struct Lead;
+
   CStringBuffer& Buffer() const;
-  void OpenOrSeparate(CXmlWriterContext& context);
+  void StartMargin();
+  std::u16string_view LineAndMargin(std::int32_t depth);
+  std::u16string_view Margin(std::int32_t depth);
+  char16_t Opening(CXmlWriterContext& context);
   void OpenArray(CXmlWriterContext& item);
   void CloseArray(CXmlWriterContext& parent);
-  void Indent(std::int32_t depth);
-  void AppendName(std::initializer_list<std::u16string_view> pieces);
-  void AppendElementName(CXmlWriterContext& context);
-  void AppendDeclaration(CXmlWriterContext& root, std::initializer_list<std::u16string_view> name,
-                         std::u16string_view uri);
+  template <typename... Pieces>
+  void AppendMember(Lead const& lead, Pieces... value);
+  void AppendMemberWithValue(Lead const& lead, std::u16string_view text, ItemType itemType);
+  void AppendDeclaration(CXmlWriterContext& root, std::u16string_view mark,
+                         std::u16string_view prefix, std::u16string_view uri);
   void AppendRootDeclarations(CXmlWriterContext& root);
   void AppendValue(std::u16string_view text, ItemType itemType);
   std::u16string_view RequirePrefix(CXmlWriterContext const& context, std::u16string_view uri,
@@ -100,7 +106,7 @@ class KESTXML_API CJsonTextWriter : public CXmlWriter {
   bool m_prettyPrint = true;
   CTextStream* m_pStream;
   bool m_objectPending = false;  // the element's name is written, its value is not decided
-  std::u16string m_margin;       // m_indent as often as the deepest element so far needed
+  std::u16string m_margin;       // m_eol and m_indent as often as the deepest element so far needed
 };
 
 }  // namespace KestXmlLib20

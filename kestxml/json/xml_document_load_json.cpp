@@ -1,10 +1,13 @@
 // The loads of CXmlDocument from JSON. They stand here so that document/ need not know JSON.
 
-#include <algorithm>
+#include <cstdlib>
+#include <memory>
+#include <new>
 #include <string_view>
 
 #include "kestxml/document/xml_document.h"
 #include "kestxml/json/internal/json_to_xml.h"
+#include "kestxml/platform/large_pages.h"
 #include "kestxml/values/binary_data.h"
 #include "kestxml/values/compression.h"
 #include "kestxml/values/kest_exception.h"
@@ -13,9 +16,29 @@
 namespace KestXmlLib20 {
 namespace {
 
+// UTF-8 as wide text. A long one lies in large pages, which are cheap to touch for the first time.
+class WideText {
+ public:
+  explicit WideText(std::string_view text)
+      : m_units(static_cast<char16_t*>(
+            platform::MallocInLargePages((text.size() + 1) * sizeof(char16_t)))) {
+    if (!m_units) throw std::bad_alloc();
+    m_length = static_cast<std::size_t>(FromUtf8(text, m_units.get()) - m_units.get());
+  }
+
+  std::u16string_view View() const { return {m_units.get(), m_length}; }
+
+ private:
+  struct Free {
+    void operator()(char16_t* units) const { std::free(units); }
+  };
+  std::unique_ptr<char16_t, Free> m_units;
+  std::size_t m_length = 0;
+};
+
 // JSON text has no null unit, so the first one ends it.
-std::u16string Widen(std::string_view text) {
-  return FromUtf8(text.substr(0, text.find('\0')));
+CBinaryData BytesToXml(std::string_view text, CSerializationContext const& context) {
+  return internal::JsonToXml(WideText(text.substr(0, text.find('\0'))).View(), context);
 }
 
 std::string_view WithoutByteOrderMark(std::string_view text) {
@@ -39,7 +62,7 @@ CBinaryData CXmlDocument::LoadJsonStream(unsigned char const* data, std::uint32_
 CBinaryData CXmlDocument::LoadJson(char const* text) {
   Cleanup();
   if (!text || !*text) throw CKestException(u"JSON String is empty!");
-  return internal::JsonToXml(Widen(text), *m_context);
+  return BytesToXml(text, *m_context);
 }
 
 CBinaryData CXmlDocument::LoadJson(char16_t const* text) {
@@ -56,7 +79,7 @@ CBinaryData CXmlDocument::ParseJson(std::span<unsigned char const> bytes) const 
     bytes = {inflated.GetData(), inflated.GetLength()};
   }
   std::string_view const text(reinterpret_cast<char const*>(bytes.data()), bytes.size());
-  return internal::JsonToXml(Widen(WithoutByteOrderMark(text)), *m_context);
+  return BytesToXml(WithoutByteOrderMark(text), *m_context);
 }
 
 }  // namespace KestXmlLib20

@@ -169,9 +169,13 @@ std::string ToUtf8(std::u16string_view text) {
 
 std::u16string FromUtf8(std::string_view text) {
   std::u16string units(text.size(), u'\0');  // no sequence has more units than bytes
+  units.resize(static_cast<std::size_t>(FromUtf8(text, units.data()) - units.data()));
+  return units;
+}
+
+char16_t* FromUtf8(std::string_view text, char16_t* out) {
   char const* in = text.data();
   char const* const end = in + text.size();
-  char16_t* out = units.data();
   while (in != end) {
     CopyAscii(in, end, out);
     for (char const* const stop = end - in > 16 ? in + 16 : end; in < stop;) {
@@ -182,8 +186,7 @@ std::u16string FromUtf8(std::string_view text) {
       }
     }
   }
-  units.resize(static_cast<std::size_t>(out - units.data()));
-  return units;
+  return out;
 }
 
 std::size_t LengthBeforeLoneSurrogate(std::u16string_view text) {

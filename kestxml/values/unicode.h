@@ -16,6 +16,9 @@ KESTXML_API std::string ToUtf8(std::u16string_view text);
 /// UTF-16 for @p text. Each malformed sequence becomes one U+FFFD; a sequence ends where the first
 /// byte stands that can't continue it (the practice of Unicode 15, section 3.9).
 KESTXML_API std::u16string FromUtf8(std::string_view text);
+/// The same to @p out, which has room for as many units as @p text has bytes. Gives the end of what
+/// was written.
+KESTXML_API char16_t* FromUtf8(std::string_view text, char16_t* out);
 
 /// The length of the part of @p text before its first unpaired surrogate.
 KESTXML_API std::size_t LengthBeforeLoneSurrogate(std::u16string_view text);

@@ -174,6 +174,56 @@ TEST_P(JsonWriterFormatted, WritesTheBytes) {
 }
 INSTANTIATE_TEST_SUITE_P(Rows, JsonWriterFormatted, testing::ValuesIn(kFormatted), RowName());
 
+// The shorter way gives what the three calls give, and fails as they do.
+TEST(CJsonTextWriter, WritesTextElementsAsTheThreeCallsDo) {
+  struct {
+    char const* name;
+    char16_t const *localName, *uri, *text;
+    ItemType type;
+  } const rows[] = {
+      {"String", u"a", u"", u"x", ItemType_string},
+      {"Empty", u"a", u"", u"", ItemType_string},
+      {"Number", u"a", u"", u"1", ItemType_i4},
+      {"Default", u"a", u"urn:d", u"x", ItemType_string},
+      {"Prefix", u"a", u"urn:p", u"a\n\u0001\"", ItemType_string},
+      {"NoPrefix", u"a", u"urn:x", u"x", ItemType_string},
+  };
+  for (auto const& row : rows) {
+    for (int bits = 0; bits < 16; ++bits) {
+      SCOPED_TRACE(testing::Message() << row.name << ' ' << bits);
+      auto const written = [&](auto writeElement) {
+        return KestModel::OutcomeOf([&] {
+          CTextStream stream(XmlEncoding_None);
+          CJsonTextWriter writer(stream);
+          writer.SetPrettyPrint((bits & 1) != 0);
+          writer.SetSupportRoundtrip((bits & 2) != 0 ? JsonRoundTrip_Full : JsonRoundTrip_None);
+          writer.SetDefaultNamespace(u"urn:d");
+          writer.AddNamespace(u"p", u"urn:p");
+          writer.SetMaxDepth((bits & 8) != 0 ? 2 : 3);
+          writer.StartElement(u"r", u"");
+          writer.GetCurrentContext()->m_arrayState = (bits & 4) != 0 ? 1 : 0;
+          for (int i = 0; i < 2; ++i) {
+            writeElement(writer, row);
+            writer.StartElement(u"c", u"");
+            writeElement(writer, row);
+            writer.EndElement();
+          }
+          writer.EndElement();
+          return stream.GetBuffer().ToString();
+        });
+      };
+      EXPECT_EQ(written([](CJsonTextWriter& writer, auto const& it) {
+                  writer.WriteTextElement(it.localName, it.uri, it.text, it.type, false);
+                }),
+                written([](CJsonTextWriter& writer, auto const& it) {
+                  writer.StartElement(it.localName, it.uri);
+                  writer.WriteText(it.text, it.type, false);
+                  writer.EndElement();
+                }));
+    }
+  }
+}
+
 TEST(CJsonTextWriter, QuotesAllButNumbersAndBooleans) {
   for (int type = 0; type < kItemTypeCount; ++type) {
     bool const isBare = (type >= 3 && type <= 12) || (type >= 24 && type <= 26);

@@ -49,6 +49,9 @@ constexpr XmlCase kConversions[] = {
     {"EmptyArrayStaysOpen", u"{\"r\":{\"c\":[],\"d\":1}}", u"<r>\n\t<c>\n\t\t<d>1</d>\n\t</c>\n</r>\n"},
     {"EmptyArrayUsesUpTheLastEnd", u"{\"r\":{\"s\":{\"c\":[]}}}", u"<r>\n\t<s>\n\t\t<c/>\n\t</s>\n</r>\n"},
     {"TwoEmptyArraysStayOpen", u"{\"r\":{\"c\":[],\"d\":[]}}", u"Exception: An Element has not been closed."},
+    {"EmptyArrayBehindText", u"{\"r\":{\"a\":{\"#text\":\"v\",\"c\":[]},\"d\":1}}", u"<r>\n\t<a>v</a>\n\t<c>\n\t\t<d>1</d>\n\t</c>\n</r>\n"},
+    {"EmptyArrayAtTheEnd", u"{\"c\":[", u"Validation: Unexpected End of File. Expected Array terminator character ']' at line 1, position 6. @ $"},
+    {"EmptyArrayAlone",  u"{\"c\":[]}", u"<c/>\n"},
     {"MemberBehindTextIsInTheParent", u"{\"r\":{\"a\":{\"#text\":\"v\",\"b\":1},\"c\":2}}", u"<r>\n\t<a>v</a>\n\t<b>1</b>\n\t<c>2</c>\n</r>\n"},
     {"TextTwiceClosesTheParent", u"{\"r\":{\"a\":{\"#text\":1,\"#text\":2}}}", u"<r>\n\t<a>1</a>\n2</r>\n"},
     {"AttributeLastStaysOpen", u"{\"r\":{\"a\":{\"@x\":1},\"b\":2}}", u"<r>\n\t<a x=\"1\">\n\t\t<b>2</b>\n\t</a>\n</r>\n"},
@@ -113,6 +116,10 @@ TEST(JsonToXmlLimits, HoldForTheElements) {
   EXPECT_EQ(Converted(u"{\"a\":{\"b\":{\"c\":{\"d\":1", context),
             u"InvalidState: Failed to convert name 'd' to Element name in XML.\n"
             u"Exception: The document exceeds the limit of 3 nested elements.");
+  EXPECT_EQ(Converted(u"{\"a\":{\"b\":{\"c\":{\"d\"", context),
+            u"InvalidState: Failed to convert name 'd' to Element name in XML.\n"
+            u"Exception: The document exceeds the limit of 3 nested elements.")
+      << "the name is refused before what follows is looked at";
 }
 
 // Nothing grows with the input but the output, and nothing recurses on it.

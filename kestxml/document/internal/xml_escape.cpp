@@ -2,7 +2,7 @@
 
 #include <cstdint>
 
-#include "kestxml/document/internal/text_pieces.h"
+#include "kestxml/document/text_pieces.h"
 #include "kestxml/values/preserve_character_ref_cr.h"
 
 #if defined(__SSE2__)

@@ -53,4 +53,8 @@ void AppendJsonText(CStringBuffer& out, std::u16string_view text, std::u16string
   }
 }
 
+bool IsPlainJsonText(std::u16string_view text) {
+  return CountCopiedUnits(text) == text.size();
+}
+
 }  // namespace KestXmlLib20::internal

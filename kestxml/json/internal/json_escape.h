@@ -15,4 +15,7 @@ namespace KestXmlLib20::internal {
 /// output rely on it.
 void AppendJsonText(CStringBuffer& out, std::u16string_view text, std::u16string_view lineEnd);
 
+/// Whether AppendJsonText would append @p text as it is.
+bool IsPlainJsonText(std::u16string_view text);
+
 }  // namespace KestXmlLib20::internal

@@ -1,14 +1,25 @@
 #include "kestxml/json/internal/json_reader_to_xml_handler.h"
 
+#include "kestxml/binding/serialization_limits.h"
 #include "kestxml/document/xml_text_writer.h"
 #include "kestxml/values/format_string.h"
 #include "kestxml/values/kest_exception.h"
 
 namespace KestXmlLib20::internal {
+namespace {
+
+CKestInvalidStateException NoElementText(std::u16string_view value, CKestException const& failure) {
+  return CKestInvalidStateException(
+      FormatString(u"Failed to convert value '%s' to Element string value in XML.", value),
+      failure);
+}
+
+}  // namespace
 
 CJsonReaderToXmlHandler::CJsonReaderToXmlHandler(CXmlTextWriter& writer, JsonRoundTrip roundTrip,
-                                                 IErrorPathProvider const& errorPath)
-    : m_writer(writer), m_roundTrip(roundTrip), m_errorPath(errorPath) {}
+                                                 IErrorPathProvider const& errorPath,
+                                                 std::uint32_t maxDepth)
+    : m_writer(writer), m_roundTrip(roundTrip), m_errorPath(errorPath), m_maxDepth(maxDepth) {}
 
 CJsonReaderToXmlHandler::~CJsonReaderToXmlHandler() = default;
 
@@ -18,14 +29,17 @@ void CJsonReaderToXmlHandler::OnStartDocument() {
   m_writer.WriteXmlDeclaration();
 }
 
-void CJsonReaderToXmlHandler::OnEndDocument() {}
+void CJsonReaderToXmlHandler::OnEndDocument() {
+  StartWaitingElement();
+}
 
 void CJsonReaderToXmlHandler::OnName(std::u16string_view name) {
   if (name.empty()) {
     throw CKestValidationException(u"JSON item has an empty Name.", m_errorPath.GetErrorPath());
   }
+  StartWaitingElement();
   if (m_roundTrip == JsonRoundTrip_None) {
-    StartElement(name);
+    BeginElement(name);
   } else if (name == u"#text") {
     m_inAttribute = false;
     m_textMember = true;
@@ -33,7 +47,7 @@ void CJsonReaderToXmlHandler::OnName(std::u16string_view name) {
     m_inAttribute = true;
     m_currentName = name.substr(1);
   } else {
-    StartElement(name);
+    BeginElement(name);
   }
 }
 
@@ -48,7 +62,8 @@ void CJsonReaderToXmlHandler::OnNumber(std::u16string_view value) {
 // The name before the object has opened the element; only the later objects of an array have none.
 void CJsonReaderToXmlHandler::OnStartObject(std::int32_t /*depth*/) {
   m_isNameOfArray = false;
-  if (m_currentName.empty() && !m_arrayStack.empty()) StartElement(m_arrayStack.back());
+  if (m_currentName.empty() && !m_arrayStack.empty()) BeginElement(m_arrayStack.back());
+  StartWaitingElement();
 }
 
 // The value of "#text" has closed the element already.
@@ -79,20 +94,35 @@ void CJsonReaderToXmlHandler::OnNull() {
   CloseIfElement();
 }
 
-void CJsonReaderToXmlHandler::StartElement(std::u16string_view name) {
+// The element waits for what comes in it: with a text alone it is written in one call. One that
+// the writer would refuse does not wait, so that it is refused here.
+void CJsonReaderToXmlHandler::BeginElement(std::u16string_view name) {
   m_inAttribute = false;
   m_currentName = name;
-  ++m_openElements;
-  try {
-    m_writer.StartElement(m_currentName, {});
-  } catch (CKestException const& failure) {
-    throw CKestInvalidStateException(
-        FormatString(u"Failed to convert name '%s' to Element name in XML.", m_currentName),
-        failure);
-  }
+  m_isWaiting = true;
+  if (ExceedsLimit(++m_openElements, m_maxDepth)) StartWaitingElement();
+}
+
+void CJsonReaderToXmlHandler::StartWaitingElement() {
+  if (m_isWaiting) StartElement();
+}
+
+void CJsonReaderToXmlHandler::StartElement() try {
+  m_isWaiting = false;
+  m_writer.StartElement(m_currentName, {});
+} catch (CKestException const& failure) {
+  throw CKestInvalidStateException(
+      FormatString(u"Failed to convert name '%s' to Element name in XML.", m_currentName), failure);
 }
 
 void CJsonReaderToXmlHandler::WriteValue(std::u16string_view value) {
+  if (m_isWaiting) {
+    m_isWaiting = false;
+    WriteTextElement(value);
+    EndMember();
+    --m_openElements;
+    return;
+  }
   if (m_inAttribute) {
     WriteAttribute(value);
   } else {
@@ -112,19 +142,28 @@ void CJsonReaderToXmlHandler::WriteAttribute(std::u16string_view value) try {
 void CJsonReaderToXmlHandler::WriteText(std::u16string_view value) try {
   m_writer.WriteText(value, ItemType_string, false);
 } catch (CKestException const& failure) {
-  throw CKestInvalidStateException(
-      FormatString(u"Failed to convert value '%s' to Element string value in XML.", value),
-      failure);
+  throw NoElementText(value, failure);
+}
+
+void CJsonReaderToXmlHandler::WriteTextElement(std::u16string_view value) try {
+  m_writer.WriteTextElement(m_currentName, {}, value, ItemType_string, false);
+} catch (CKestException const& failure) {
+  throw NoElementText(value, failure);
 }
 
 // An attribute has no element to close. That it was the last member stays noted, so an object that
 // ends on one leaves its element open.
 void CJsonReaderToXmlHandler::CloseIfElement() {
-  m_currentName.clear();
-  m_isNameOfArray = false;
+  StartWaitingElement();
+  EndMember();
   if (m_inAttribute || m_openElements == 0) return;
   --m_openElements;
   m_writer.EndElement();
+}
+
+void CJsonReaderToXmlHandler::EndMember() {
+  m_currentName.clear();
+  m_isNameOfArray = false;
 }
 
 }  // namespace KestXmlLib20::internal

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -19,9 +20,9 @@ namespace KestXmlLib20::internal {
 /// follows what comes back of which JSON, see docs/json.md: all of it is relied upon.
 class CJsonReaderToXmlHandler final : public IJsonReaderHandler {
  public:
-  /// Both must outlive the handler.
+  /// Writer and path must outlive the handler. @p maxDepth is the writer's.
   CJsonReaderToXmlHandler(CXmlTextWriter& writer, JsonRoundTrip roundTrip,
-                          IErrorPathProvider const& errorPath);
+                          IErrorPathProvider const& errorPath, std::uint32_t maxDepth);
   ~CJsonReaderToXmlHandler() override;
 
   void OnStartDocument() override;
@@ -40,18 +41,24 @@ class CJsonReaderToXmlHandler final : public IJsonReaderHandler {
   void OnNull() override;
 
  private:
-  void StartElement(std::u16string_view name);
+  void BeginElement(std::u16string_view name);
+  void StartElement();
+  void StartWaitingElement();
   void WriteValue(std::u16string_view value);
   void WriteAttribute(std::u16string_view value);
   void WriteText(std::u16string_view value);
+  void WriteTextElement(std::u16string_view value);
   void CloseIfElement();
+  void EndMember();
 
   CXmlTextWriter& m_writer;
   JsonRoundTrip m_roundTrip;
   IErrorPathProvider const& m_errorPath;
-  std::size_t m_openElements = 0;
+  std::uint32_t m_maxDepth;
+  std::size_t m_openElements = 0;            // the one that waits among them
   std::vector<std::u16string> m_arrayStack;  // the names of the arrays that are open
   std::u16string m_currentName;              // of the member whose value is to come; else empty
+  bool m_isWaiting = false;                  // the innermost element is not written yet
   bool m_isNameOfArray = false;              // nothing has come since the array of that name began
   bool m_inAttribute = false;                // the member is an attribute
   bool m_textMember = false;                 // the present object has had a member "#text"

@@ -2,6 +2,12 @@
 
 #include <algorithm>
 
+#if defined(__SSE2__)
+#include <emmintrin.h>
+
+#include <bit>
+#endif
+
 namespace KestXmlLib20::internal {
 
 std::u16string_view CJsonScanner::TakeBlock(std::size_t count) {
@@ -11,6 +17,38 @@ std::u16string_view CJsonScanner::TakeBlock(std::size_t count) {
   if (!block.empty()) m_current = block.back();
   if (block.size() < count) m_isAtEnd = true;
   return block;
+}
+
+bool CJsonScanner::NextTokenFromAfar() {
+  while (m_next != m_end) {
+    char16_t const unit = *m_next++;
+    if (unit == u'\n') {
+      StartLine();
+      SkipBlanks();
+    } else if (unit != u' ' && unit != u'\t' && unit != u'\r' &&
+               (unit != u'/' || !m_allowComments || !SkipComment())) {
+      m_current = unit;
+      return true;
+    }
+  }
+  m_isAtEnd = true;
+  return false;
+}
+
+// The indentation of a line, eight units at a time.
+void CJsonScanner::SkipBlanks() {
+#if defined(__SSE2__)
+  __m128i const blanks = _mm_set1_epi16(u' ');
+  while (m_end - m_next >= 8) {
+    auto const units = _mm_loadu_si128(reinterpret_cast<__m128i const*>(m_next));
+    auto const others = ~_mm_movemask_epi8(_mm_cmpeq_epi16(units, blanks)) & 0xFFFF;
+    if (others != 0) {
+      m_next += std::countr_zero(static_cast<unsigned>(others)) / 2;
+      return;
+    }
+    m_next += 8;
+  }
+#endif
 }
 
 // Behind a slash; false when it begins no comment.

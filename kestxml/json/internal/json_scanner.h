@@ -40,18 +40,9 @@ class CJsonScanner {
 
   /// To the next unit that is neither white space nor in a comment; false at the end.
   bool NextToken() {
-    while (m_next != m_end) {
-      char16_t const unit = *m_next++;
-      if (unit == u'\n') {
-        StartLine();
-      } else if (unit != u' ' && unit != u'\t' && unit != u'\r' &&
-                 (unit != u'/' || !m_allowComments || !SkipComment())) {
-        m_current = unit;
-        return true;
-      }
-    }
-    m_isAtEnd = true;
-    return false;
+    if (m_next == m_end || *m_next <= u' ' || *m_next == u'/') return NextTokenFromAfar();
+    m_current = *m_next++;
+    return true;
   }
 
   /// The next @p count units as they are, line feeds included and not counted as lines. Fewer at
@@ -68,6 +59,8 @@ class CJsonScanner {
   char16_t const* m_end;
 
  private:
+  bool NextTokenFromAfar();
+  void SkipBlanks();
   bool SkipComment();
   void SkipLine();
   void SkipBlock();

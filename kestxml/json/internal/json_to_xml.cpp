@@ -17,11 +17,12 @@ CBinaryData JsonToXml(std::u16string_view text, CSerializationContext const& con
   CJsonContext const& json = context.FindJsonContext();
   CByteTextStream stream(XmlEncoding_UTF8);
   CXmlTextWriter writer(stream);  // indented with tabs and line feeds, as it starts
-  writer.SetMaxDepth(context.GetLimits().GetMaxDepth());
+  std::uint32_t const maxDepth = context.GetLimits().GetMaxDepth();
+  writer.SetMaxDepth(maxDepth);
   writer.OpenWriter();
   auto handler = std::make_unique<CJsonReaderDefaultHandler>();
-  handler->SetInner(
-      std::make_unique<CJsonReaderToXmlHandler>(writer, json.GetSupportRoundtrip(), *handler));
+  handler->SetInner(std::make_unique<CJsonReaderToXmlHandler>(writer, json.GetSupportRoundtrip(),
+                                                              *handler, maxDepth));
   CJsonTextReader(text, json, std::move(handler)).Read();
   writer.CloseWriter();
   return stream.TakeBytes();
