@@ -8,8 +8,10 @@
 
 #include "bench/support/measure.h"
 #include "kestxml/values/big_integer.h"
+#include "kestxml/values/conversions.h"
 #include "kestxml/values/decimal.h"
 #include "kestxml/values/unicode.h"
+#include "kestxml/values/whitespace_utils.h"
 
 namespace KestBench {
 namespace {
@@ -52,7 +54,7 @@ void Run(benchmark::State& state, Texts const& texts, RoundTrip const& roundTrip
   } catch (...) {
     state.SkipWithError(TextOfFailure().c_str());
   }
-  state.SetBytesProcessed(state.iterations() * kValues *
+  state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(texts.size()) *
                           static_cast<std::int64_t>(texts[0].size()));
 }
 
@@ -70,6 +72,16 @@ std::u16string ClassRoundTrip(std::u16string const& text) {
   return T(text.c_str()).ToString();
 }
 
+constexpr auto kCollapse = CWhitespaceUtils::WhitespaceRule_Collapse;
+
+std::u16string I4RoundTrip(std::u16string const& text) {
+  return CConversions::i4ToString(CConversions::i4FromString(text, kCollapse));
+}
+
+std::u16string R8RoundTrip(std::u16string const& text) {
+  return CConversions::r8ToString(CConversions::r8FromString(text, kCollapse));
+}
+
 struct NumberInput {
   char const* name;
   int digits;
@@ -84,16 +96,28 @@ constexpr NumberInput kInputs[] = {
     {"decimal_8_digits",   8, 5, StandardRoundTrip<std::int64_t>, false, ClassRoundTrip<CDecimal>},
     {"decimal_as_double",  8, 5, StandardRoundTrip<double>,       true,  ClassRoundTrip<CDecimal>},
     {"integer_18_digits", 18, 0, StandardRoundTrip<std::int64_t>, false, ClassRoundTrip<CBigInteger>},
+    {"i4_6_digits",        6, 0, StandardRoundTrip<std::int32_t>, false, I4RoundTrip},
+    {"i4_9_digits",        9, 0, StandardRoundTrip<std::int32_t>, false, I4RoundTrip},
+    {"r8_6_digits",        6, 3, StandardRoundTrip<double>,       true,  R8RoundTrip},
 };
 // clang-format on
 
+// Sixteen digits of a double are not always those that it was read from.
+std::vector<std::string> MakeTexts(NumberInput const& input) {
+  auto texts = MakeDigits(input.digits, input.point);
+  std::erase_if(texts, [&](std::string const& text) {
+    return input.own == R8RoundTrip && ToUtf8(R8RoundTrip(FromUtf8(text))) != text;
+  });
+  return texts;
+}
+
 void RunFloor(benchmark::State& state, NumberInput const& input) {
-  auto const texts = MakeDigits(input.digits, input.point);
+  auto const texts = MakeTexts(input);
   Run(state, input.isStandardWithPoint ? texts : Without(texts, '.'), input.standard);
 }
 
 void RunOwn(benchmark::State& state, NumberInput const& input) {
-  Run(state, Widen(MakeDigits(input.digits, input.point)), input.own);
+  Run(state, Widen(MakeTexts(input)), input.own);
 }
 
 CBigInteger MakeNumber(int digits) {

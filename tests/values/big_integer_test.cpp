@@ -143,7 +143,7 @@ TEST(BigInteger, IsMadeFromNumbers) {
   EXPECT_EQ(I(3.5).ToString(), u"3");
   EXPECT_EQ(I(0.4).ToString(), u"0");
   EXPECT_EQ(I(-2.6).ToString(), u"-3");
-  EXPECT_EQ(I(1e22).ToString(), u"1" + Repeat(22, u'0'));
+  EXPECT_EQ(I(1e22).ToString(), Repeat(1, u'1') + Repeat(22, u'0'));
   EXPECT_EQ(I(CDecimal(u"-12.51")).ToString(), u"-13");
   for (double const value :
        {std::numeric_limits<double>::infinity(), -std::numeric_limits<double>::infinity(),

@@ -53,8 +53,23 @@ constexpr std::uint64_t Limit(bool negative) {
   return largest + (std::is_signed_v<T> && negative ? 1 : 0);
 }
 
+// Reads digits alone, and no more than always fit; that is most numbers.
+template <typename T>
+bool ParsePlain(Text text, T& value) {
+  if (text.empty() || text.size() > std::numeric_limits<T>::digits10) return false;
+  std::make_unsigned_t<T> number = 0;
+  for (char16_t const unit : text) {
+    auto const digit = static_cast<std::make_unsigned_t<T>>(unit - u'0');
+    if (digit > 9) return false;
+    number = number * 10 + digit;
+  }
+  value = static_cast<T>(number);
+  return true;
+}
+
 template <typename T>
 NumberFault Parse(Text text, T& value) {
+  if (ParsePlain(text, value)) return NumberFault::None;
   Scanner scanner(text);
   scanner.SkipSpace();
   bool const negative = scanner.SkipSign();
