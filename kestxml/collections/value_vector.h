@@ -38,7 +38,9 @@ class ValueVector {
       m_values.erase(At(index));
       return;
     }
-    *At(0) = T();  // so that what the value holds ends now
+    // What the value holds ends now, with the one that takes it. Assigning an empty value is not
+    // enough: a string keeps its memory then.
+    static_cast<void>(T(std::move(*At(0))));
     ++m_gap;
     if (m_gap < m_values.size() - m_gap) return;
     m_values.erase(m_values.begin(), At(0));

@@ -236,6 +236,12 @@ TEST(Values, EndWhenTheyAreRemoved) {
   values->Remove(0);
   bytes[0] = 'b';
   EXPECT_EQ(bytes.GetData(), data) << "nobody shares it";
+
+  internal::ValueVector<std::u16string> texts;
+  for (int i = 0; i < 8; ++i) texts.Insert(i, std::u16string(1000, u'a'));
+  auto const gone = texts.begin();
+  texts.Erase(0);
+  EXPECT_LT(gone->capacity(), 1000U) << "nor is memory kept for it";
 }
 
 TEST(Dates, AreOfOneType) {
