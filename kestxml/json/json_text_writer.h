@@ -24,12 +24,11 @@ class CTextStream;
 /// it.
 /// - An element without content has no value: nothing stands between its name and the next comma.
 /// - Objects of a collection stand in an array, whose "]" comes at the end of their parent;
-/// children
-///   behind the collection stand inside it, with their names. Plain values of a collection repeat
-///   the member, and leave that "]" alone.
+///   children behind the collection stand inside it, with their names. Plain values of a collection
+///   repeat the member, and leave that "]" alone. Formatted output stays one level deeper for each
+///   further such array of the same parent, to the end of the document.
 /// - In strings a quotation mark, a backslash, a tab, a backspace and a form feed stand unescaped,
-/// a
-///   line feed is a line end, and a carriage return is left out.
+///   a line feed is a line end, and a carriage return is left out.
 class KESTXML_API CJsonTextWriter : public CXmlWriter {
  public:
   /// @p stream must outlive the writer. OpenWriter opens it, CloseWriter closes it.

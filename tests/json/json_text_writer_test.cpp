@@ -156,6 +156,18 @@ constexpr OutputCase kFormatted[] = {
      u"...}\n"
      u"..]\n"
      u".}"},
+    // Each of them adds a level and the one bracket takes one, so the rest lies deeper.
+    {"TwoCollections", [](Writer& w) { w.SetIndent(u"."); w.Start(u"r").Start(u"s"); for (auto const* name : {u"c", u"d"}) { w.Items(1).Start(name).Leaf(u"x", u"1").End().Items(3); } w.End().Leaf(u"b", u"2").End(); },
+     u".\"r\": {\n"
+     u"..\"s\": {\n"
+     u"...\"c\": [\n"
+     u"....{\n.....\"x\": 1\n....},\n"
+     u"....\"d\": [\n"
+     u".....{\n......\"x\": 1\n.....}\n"
+     u"....]\n"
+     u"...},\n"
+     u"...\"b\": 2\n"
+     u"..}"},
     // The bracket that plain values leave takes a level that none of them added.
     {"CollectionOfPlainValues", [](Writer& w) { w.Start(u"r").Start(u"s").Items(1).Leaf(u"a", u"1").Items(3).End().Leaf(u"b", u"2").End(); },
      u"\t\"r\": {\n\t\t\"s\": {\n\t\t\t\"a\": 1\n\t\t]\n\t},\n\t\t\"b\": 2\n\t}"},
