@@ -23,8 +23,7 @@ class IJsonReaderHandler;
 ///   may stand in strings.
 /// - A number ends where no more digit may follow, without a look at what does.
 /// - `\u` and any four units stand for one hexadecimal digit: that of the upper half of the low
-/// byte
-///   of the first unit. So `\u0041` is "3", the half of the byte 0x30 of its first "0".
+///   byte of the first unit. So `\u0041` is "3", the half of the byte 0x30 of its first "0".
 /// - Objects and arrays lie in at most 99 others.
 class KESTXML_API CJsonTextReader : public CInstanceMonitor {
  public:

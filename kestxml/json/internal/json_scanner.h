@@ -20,7 +20,7 @@ class CJsonScanner {
   char16_t Current() const { return m_current; }
   /// Whether a step found no more units.
   bool IsAtEnd() const { return m_isAtEnd; }
-  std::int32_t Line() const { return m_line; }
+  std::int32_t Line() const { return static_cast<std::int32_t>(m_line); }
   /// Units read in this line, those in comments to the end of the line excepted.
   std::int32_t Column() const { return static_cast<std::int32_t>(m_next - m_lineStart); }
 
@@ -66,7 +66,7 @@ class CJsonScanner {
   void SkipBlock();
 
   char16_t const* m_lineStart;  // where column 1 of this line would be
-  std::int32_t m_line = 1;
+  std::uint32_t m_line = 1;     // a text may hold more lines than a signed number counts
   char16_t m_current = 0;
   bool m_isAtEnd = false;
   bool m_allowComments;
