@@ -24,7 +24,8 @@ class KESTXML_API CSerializationLimits {
   std::uint32_t GetMaxNamespaceDeclarations() const { return m_maxNamespaceDeclarations; }
   void SetMaxNamespaceDeclarations(std::uint32_t value) { m_maxNamespaceDeclarations = value; }
 
-  /// Bytes that compressed input may grow to. Default 1 GiB.
+  /// Bytes that compressed input may grow to, and the XML that JSON is made into: a short text can
+  /// ask for much indentation. Default 1 GiB.
   std::uint64_t GetMaxInflatedBytes() const { return m_maxInflatedBytes; }
   void SetMaxInflatedBytes(std::uint64_t value) { m_maxInflatedBytes = value; }
 

@@ -3,12 +3,15 @@
 #include <utility>
 
 #include "kestxml/document/internal/text_bytes.h"
+#include "kestxml/values/format_string.h"
+#include "kestxml/values/kest_exception.h"
 
 namespace KestXmlLib20 {
 
 using internal::AppendBytes, internal::FinishBytes, internal::HasByteForm, internal::TestByteForm;
 
-CByteTextStream::CByteTextStream(XmlEncoding encoding) : CTextStream(encoding) {}
+CByteTextStream::CByteTextStream(XmlEncoding encoding, std::uint64_t maxBytes)
+    : CTextStream(encoding), m_maxBytes(maxBytes) {}
 
 void CByteTextStream::Open() {
   CTextStream::Open();
@@ -18,6 +21,10 @@ void CByteTextStream::Open() {
 
 void CByteTextStream::Flush() {
   if (HasByteForm(m_encoding)) AppendBytes(m_buffer, m_encoding, m_utf8, m_bytes);
+  if (m_maxBytes != 0 && m_bytes.GetLength() > m_maxBytes) {
+    throw CKestException(
+        FormatString(u"The document exceeds the limit of %I64u bytes as XML.", m_maxBytes));
+  }
   m_buffer.Clear();
 }
 

@@ -1,6 +1,8 @@
 // The stream behind output to memory.
 #pragma once
 
+#include <cstdint>
+
 #include "kestxml/document/text_stream.h"
 #include "kestxml/values/binary_data.h"
 #include "kestxml/values/unicode.h"
@@ -12,10 +14,12 @@ namespace KestXmlLib20 {
 /// shows only when the bytes are taken, after everything has been written.
 class KESTXML_API CByteTextStream final : public CTextStream {
  public:
-  explicit CByteTextStream(XmlEncoding encoding);
+  /// @param maxBytes most bytes to make of the text; 0 for as many as 32 bits can count.
+  explicit CByteTextStream(XmlEncoding encoding, std::uint64_t maxBytes = 0);
 
   void Open() override;
   void Close() override;
+  /// @throws CKestException when there are more bytes than allowed.
   void Flush() override;
 
   /// The bytes since Open, without a byte order mark; to be called after Close.
@@ -23,6 +27,7 @@ class KESTXML_API CByteTextStream final : public CTextStream {
   CBinaryData TakeBytes();
 
  private:
+  std::uint64_t m_maxBytes;
   CBinaryData m_bytes;
   CUtf8Encoder m_utf8;
 };

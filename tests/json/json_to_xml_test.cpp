@@ -122,6 +122,19 @@ TEST(JsonToXmlLimits, HoldForTheElements) {
       << "the name is refused before what follows is looked at";
 }
 
+// Each of the many short members stands behind the indentation of the many open elements.
+TEST(JsonToXmlLimits, HoldForTheBytes) {
+  CSerializationContext context;
+  std::u16string json = u"{\"r\":{\"a\":[";
+  for (int i = 0; i < 900; ++i) json += u"{\"@b\":1},";
+  json += u"{\"x\":1";
+  for (int i = 0; i < 2'000; ++i) json += u",\"x\":1";
+  context.GetLimits().SetMaxInflatedBytes(1'000'000);
+  EXPECT_EQ(Converted(json, context),
+            u"InvalidState: Failed to convert value '1' to Element string value in XML.\n"
+            u"Exception: The document exceeds the limit of 1000000 bytes as XML.");
+}
+
 // Nothing grows with the input but the output, and nothing recurses on it.
 TEST(JsonToXmlLimits, HoldForLargeTexts) {
   std::u16string objects;

@@ -15,7 +15,7 @@ namespace KestXmlLib20::internal {
 
 CBinaryData JsonToXml(std::u16string_view text, CSerializationContext const& context) {
   CJsonContext const& json = context.FindJsonContext();
-  CByteTextStream stream(XmlEncoding_UTF8);
+  CByteTextStream stream(XmlEncoding_UTF8, context.GetLimits().GetMaxInflatedBytes());
   CXmlTextWriter writer(stream);  // indented with tabs and line feeds, as it starts
   std::uint32_t const maxDepth = context.GetLimits().GetMaxDepth();
   writer.SetMaxDepth(maxDepth);
