@@ -3,6 +3,7 @@
 #pragma once
 
 #include "kestxml/binding/metadata/element_info.h"
+#include "kestxml/binding/xml_object_base.h"
 #include "kestxml/values/smart_ptr.h"
 
 namespace KestXmlLib20 {
